@@ -1,0 +1,47 @@
+# One place for what every target of this project has in common.
+
+find_program(QUOR_CCACHE ccache)
+if(QUOR_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${QUOR_CCACHE}")
+endif()
+
+add_library(quor_flags INTERFACE)
+target_compile_options(quor_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
+  $<$<BOOL:${QUOR_WERROR}>:-Werror>)
+# The arithmetic is compared to the last bit: a multiplication is never fused with an addition.
+target_compile_options(quor_flags INTERFACE -ffp-contract=off)
+target_compile_definitions(quor_flags INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(QUOR_SANITIZE)
+  add_compile_options(-fsanitize=${QUOR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${QUOR_SANITIZE} -fno-sanitize-recover=all)
+endif()
+if(QUOR_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# quor_library(NAME [MODEL] SOURCES ... LINK ...)
+# One static library of a folder. A MODEL has no widget: it may link Qt Core and Qt Gui and other
+# models, and configuring stops where it could reach Qt Widgets.
+function(quor_library name)
+  cmake_parse_arguments(arg "MODEL" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+  target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE quor_flags)
+  if(arg_MODEL)
+    set_target_properties(${name} PROPERTIES AUTOUIC OFF)
+    foreach(library IN LISTS arg_LINK)
+      if(library MATCHES "^Qt6::" AND NOT library MATCHES "^Qt6::(Core|Gui)$")
+        message(FATAL_ERROR "${name} is a model and must not link ${library}")
+      endif()
+      if(library MATCHES "^quor_" AND NOT library MATCHES "^quor_(core|storage|.*_model)$")
+        message(FATAL_ERROR "${name} is a model and must not link ${library}")
+      endif()
+    endforeach()
+  else()
+    target_precompile_headers(${name} PRIVATE <QtWidgets>)
+  endif()
+endfunction()

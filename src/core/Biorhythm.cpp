@@ -1,0 +1,68 @@
+#include "core/Biorhythm.h"
+
+#include "core/Clock.h"
+
+#include <algorithm>
+
+namespace quor {
+
+GraphOptions defaultGraphOptions() {
+    return {.colours = {0xFF0000, 0x0000FF, 0x00FF00, 0x00FFFF},
+            .graphDaysAdjust = 0,
+            .dayIndexPosition = static_cast<std::uint8_t>(DayIndexPosition::centre)};
+}
+
+std::array<Colour, 3> defaultWeeklyColours() {
+    return {0x0000FF, 0x00FF00, 0x00FFFF};
+}
+
+GraphOptions graphOptions(const Biorhythm& biorhythm) {
+    GraphOptions options;
+    std::copy_n(biorhythm.curveColours.begin(), options.colours.size(), options.colours.begin());
+    options.graphDaysAdjust = biorhythm.graphDaysAdjust;
+    options.dayIndexPosition = biorhythm.dayIndexPosition;
+    return options;
+}
+
+void setGraphOptions(Biorhythm& biorhythm, const GraphOptions& options) {
+    std::copy(options.colours.begin(), options.colours.end(), biorhythm.curveColours.begin());
+    biorhythm.graphDaysAdjust = options.graphDaysAdjust;
+    biorhythm.dayIndexPosition = options.dayIndexPosition;
+}
+
+std::int32_t daysAround(std::int16_t graphDaysAdjust) {
+    return std::max(1, GRAPH_BASE_DAYS + graphDaysAdjust);
+}
+
+void resetDisplayOptions(Biorhythm& biorhythm) {
+    setGraphOptions(biorhythm, defaultGraphOptions());
+    const auto weekly = defaultWeeklyColours();
+    std::copy(weekly.begin(), weekly.end(), biorhythm.weeklyColours.begin());
+}
+
+void resetToStartUp(Program& program) {
+    program = Program{};
+    Biorhythm& biorhythm = program.biorhythm;
+    biorhythm.showPhysical = true;
+    biorhythm.showEmotional = true;
+    biorhythm.showIntellectual = true;
+    biorhythm.showMean = true;
+    biorhythm.enhance = true;
+    biorhythm.openGraph = true;
+    biorhythm.calculationDate = today();
+    resetDisplayOptions(biorhythm);
+}
+
+std::int32_t dayCountAtGraphStart(const Biorhythm& biorhythm) {
+    return dayCount(biorhythm.birthDate, biorhythm.calculationDate - GRAPH_BASE_DAYS);
+}
+
+std::int16_t findSystemMember(const AppState& state, const QString& name) {
+    const auto begin = state.systemMembers.begin();
+    const auto end =
+        begin + std::min<std::ptrdiff_t>(state.systemCount, std::ssize(state.systemMembers));
+    const auto found = std::find_if(begin, end, [&](const auto& m) { return m.name == name; });
+    return found == end ? std::int16_t{-1} : static_cast<std::int16_t>(found - begin);
+}
+
+} // namespace quor

@@ -1,0 +1,83 @@
+// Starts the program: command line, locale, translations, one record of data, one frame.
+
+#include "shell/ApplicationSetup.h"
+#include "shell/CommandLine.h"
+#include "shell/MDIForm1.h"
+#include "shell/TerminationSignals.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int success = 0;
+constexpr int failure = 1;
+constexpr int wrongUse = 2;
+
+void print(FILE* stream, const QString& text) {
+    std::fputs(text.toLocal8Bit().constData(), stream);
+}
+
+/// While the application connects to the display: the toolkit ends the process where there is none,
+/// after many lines; one says it.
+void reportNoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+    if (type == QtFatalMsg) {
+        print(stderr, u"quor: nessuno schermo disponibile\n"_s);
+        std::_Exit(failure);
+    }
+    if (type == QtCriticalMsg) {
+        print(stderr, text + u'\n');
+    }
+}
+
+/// What can be answered without a screen. @return the exit status, or -1 when the frame is wanted
+int answerWithoutScreen(const quor::StartRequest& request) {
+    switch (request.mode) {
+    case quor::StartMode::showHelp:
+        print(stdout, quor::usageText());
+        return success;
+    case quor::StartMode::showVersion:
+        print(stdout, u"quor %1\n"_s.arg(QString::fromLatin1(quor::version())));
+        return success;
+    case quor::StartMode::wrongUse:
+        print(stderr, u"quor: %1\nProvare: quor --help\n"_s.arg(request.text));
+        return wrongUse;
+    default:
+        return -1;
+    }
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    if (const int status = answerWithoutScreen(quor::parseArguments(arguments)); status >= 0) {
+        return status;
+    }
+
+    const auto previousHandler = qInstallMessageHandler(reportNoDisplay);
+    QApplication application(argc, argv);
+    qInstallMessageHandler(previousHandler);
+    quor::setUpApplication(application);
+
+    const quor::TerminationSignals terminationSignals;
+    quor::Program program;
+    quor::MDIForm1 frame(program, QApplication::applicationDirPath());
+    QObject::connect(&frame, &quor::MDIForm1::ended, &application,
+                     [] { QCoreApplication::exit(success); });
+    frame.show();
+    // From inside the event loop, so that a request to end the program also ends the questions that
+    // opening a file may ask. The toolkit has taken its own options ("-platform") away by now.
+    QTimer::singleShot(0, &frame, [&frame] {
+        frame.start(quor::parseArguments(QApplication::arguments().sliced(1)));
+    });
+    return QApplication::exec();
+}

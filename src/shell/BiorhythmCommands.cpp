@@ -1,0 +1,174 @@
+// The commands of the menu of biorhythms that make, open, save and close one.
+
+#include "shell/MDIForm1.h"
+
+#include "core/Clock.h"
+#include "shell/FIns.h"
+#include "storage/BiorhythmFile.h"
+#include "toolkit/ChildWindow.h"
+#include "toolkit/FileDialogs.h"
+#include "toolkit/Messages.h"
+#include "views/graph/FGrph.h"
+
+#include <QDir>
+#include <QMdiSubWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+const QString& biorhythmFilter() {
+    static const QString filter = u"Bioritmic Files (*.bio) | *.bio"_s;
+    return filter;
+}
+
+} // namespace
+
+/// Runs the close command where a biorhythm is present. False when the user keeps it.
+bool MDIForm1::closedCurrentBiorhythm() {
+    if (m_program.state.systemOpen || !m_program.biorhythm.isPresent()) {
+        return true;
+    }
+    askToCloseBiorhythm();
+    return m_closeAnswer == Answer::yes;
+}
+
+void MDIForm1::newBiorhythm() {
+    if (!closedCurrentBiorhythm()) {
+        return;
+    }
+    if (m_newBiorhythm == nullptr) {
+        m_newBiorhythm = new FIns(m_program, *this, this);
+    }
+    m_newBiorhythm->open();
+}
+
+void MDIForm1::openBiorhythm() {
+    if (!closedCurrentBiorhythm()) {
+        return;
+    }
+    const QString path =
+        askFileToOpen(this, u"Apri"_s, biorhythmFilter(), m_program.state.userFolder);
+    if (!path.isEmpty()) {
+        loadBiorhythmFile(path);
+    }
+}
+
+void MDIForm1::loadBiorhythmFile(const QString& path) {
+    readBiorhythmFile(path, m_program);
+    if (!m_program.state.systemOpen) {
+        DateValue& calculationDate = m_program.biorhythm.calculationDate;
+        if (dayNumber(calculationDate) != dayNumber(today()) &&
+            ask(this, u"La data di calcolo è diversa da quella di oggi. Si desidera aggiornarla?"_s,
+                u"Aggiornare?"_s) == Answer::yes) {
+            calculationDate = today();
+            m_program.state.modified = true;
+        }
+    }
+    applyBiorhythm();
+}
+
+void MDIForm1::saveBiorhythm() {
+    const QString path = m_program.state.filePath;
+    if (path.isEmpty()) {
+        saveBiorhythmAs();
+        return;
+    }
+    if (const auto failure = saveBiorhythmFile(path, m_program)) {
+        showError(this,
+                  u"Errore imprevisto: il file \"%1\" non è stato salvato.\n%2"_s.arg(
+                      QDir::toNativeSeparators(path), *failure),
+                  u"Errore"_s);
+        return;
+    }
+    showInformation(this, u"File salvato"_s, u"Ok"_s);
+}
+
+void MDIForm1::saveBiorhythmAs() {
+    const QString path =
+        askFileToSave(this, u"Salva"_s, biorhythmFilter(), m_program.state.userFolder);
+    if (path.isEmpty()) {
+        return;
+    }
+    // A failure is not reported here, but `modified` then stays set: closing asks again.
+    [[maybe_unused]] const auto failure = saveBiorhythmFile(path, m_program);
+    showInformation(this, u"File salvato"_s, u"Ok"_s);
+}
+
+void MDIForm1::askToCloseBiorhythm() {
+    const QString& name = m_program.biorhythm.name;
+    m_closeAnswer = ask(this,
+                        u"Questo comporterà la chiusura del bioritmo di %1. Si desidera continuare "
+                        "ugualmente?"_s.arg(name),
+                        u"Conferma"_s);
+    if (m_closeAnswer == Answer::no) {
+        return;
+    }
+    if (m_program.state.modified &&
+        ask(this,
+            u"Sono presenti dati non salvati. Si desidera salvare prima di chiudere il bioritmo "
+            "di %1 ?"_s.arg(name),
+            u"Conferma"_s) == Answer::yes) {
+        run(Command::mnuSalvaBioritmo);
+        if (m_program.state.modified) {
+            // Not saved after all, by a fault or because the file dialog was cancelled: whoever
+            // wanted to keep the data keeps the biorhythm.
+            m_closeAnswer = Answer::no;
+            return;
+        }
+    }
+    closeBiorhythm();
+}
+
+void MDIForm1::closeBiorhythm() {
+    for (const auto panel : {StatusPanel::person, StatusPanel::birth, StatusPanel::calculation}) {
+        setStatusPanel(panel, {});
+    }
+    for (const CommandInfo& info : commandTable()) {
+        if (info.needs == Needs::biorhythm) {
+            setCommandEnabled(info.command, false);
+        }
+    }
+    for (const ToolInfo& info : toolTable()) {
+        if (info.startsDisabled) {
+            setToolEnabled(info.position, false);
+        }
+    }
+    m_program.state.filePath.clear();
+    if (m_graph != nullptr) {
+        m_graph->closeWindow();
+    }
+    m_program.biorhythm.birthDate = 0;
+    m_program.biorhythm.calculationDate = 0;
+    m_program.biorhythm.name.clear();
+    resetDisplayOptions(m_program.biorhythm);
+}
+
+void MDIForm1::applyBiorhythm() {
+    Biorhythm& biorhythm = m_program.biorhythm;
+    biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
+    if (m_program.state.systemOpen) {
+        return;
+    }
+    setStatusPanel(StatusPanel::person, u"Nome: "_s + biorhythm.name);
+    setStatusPanel(StatusPanel::birth, u"Data di nascita: "_s + shortDate(biorhythm.birthDate));
+    setStatusPanel(StatusPanel::calculation,
+                   u"Data in esame per il calcolo: "_s + shortDate(biorhythm.calculationDate));
+    for (const CommandInfo& info : commandTable()) {
+        if (info.needs == Needs::biorhythm) {
+            setCommandEnabled(info.command, true);
+        }
+    }
+    for (const ToolInfo& info : toolTable()) {
+        if (info.enabledByBiorhythm) {
+            setToolEnabled(info.position, true);
+        }
+    }
+    if (biorhythm.openGraph) {
+        openGraph();
+    }
+}
+
+} // namespace quor

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+
+/// What the program was started with.
+///
+/// Long options stand first ("--open FILE"). Anything else is the command-line text: the arguments
+/// joined by one blank, a path that the shell of the desktop has put between double quotes.
+namespace quor {
+
+enum class StartMode : std::uint8_t {
+    plain,           ///< nothing named
+    commandLineText, ///< `text` is the text as it is
+    openFile,        ///< `text` is a file named in the ordinary way
+    showHelp,
+    showVersion,
+    wrongUse, ///< `text` says what is wrong
+};
+
+struct StartRequest {
+    StartMode mode = StartMode::plain;
+    QString text;
+};
+
+/// @param arguments without the program's name
+[[nodiscard]] StartRequest parseArguments(const QStringList& arguments);
+
+/// What "--help" prints.
+[[nodiscard]] QString usageText();
+
+/// The path in a command-line text: blanks around it go, then its first and last character, which
+/// are taken to be the quotes without a look.
+[[nodiscard]] QString pathInCommandLineText(const QString& text);
+
+enum class FileKind : std::uint8_t { biorhythm, system, other };
+
+/// By the last three characters of the path, in any letter case.
+[[nodiscard]] FileKind fileKind(const QString& path);
+
+} // namespace quor

@@ -1,0 +1,372 @@
+#include "shell/MDIForm1.h"
+
+#include "shell/ChildArrangement.h"
+#include "shell/FIns.h"
+#include "shell/Folders.h"
+#include "shell/StatusLabel.h"
+#include "toolkit/ChildWindow.h"
+#include "toolkit/ImageList.h"
+#include "toolkit/Messages.h"
+#include "toolkit/SettingsStore.h"
+#include "toolkit/ShowHelp.h"
+#include "views/graph/FGrOpt.h"
+#include "views/graph/FGrph.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+constexpr QSize initialSize(1080, 760);
+constexpr QSize toolPictureSize(24, 24);
+
+QString caption(const char16_t* text) {
+    return QString::fromUtf16(text);
+}
+
+} // namespace
+
+MDIForm1::MDIForm1(Program& program, const QString& programFolder, QWidget* parent)
+    : QMainWindow(parent)
+    , m_program(program)
+    , m_area(new QMdiArea(this)) {
+    resetToStartUp(m_program);
+
+    setObjectName(u"MDIForm1"_s);
+    setWindowTitle(u"Quor"_s);
+    setContextMenuPolicy(Qt::NoContextMenu); // nobody hides the toolbar by accident
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setAccessibleName(u"Finestre"_s);
+    setCentralWidget(m_area);
+    buildMenus();
+    buildToolbar();
+    buildStatusBar();
+    buildPopup();
+    resize(initialSize);
+
+    const Folders folders = prepareFolders(programFolder);
+    m_program.state.userFolder = folders.userFiles;
+    m_program.state.exportFolder = folders.exports;
+    m_program.state.fastStart = readFastStart();
+}
+
+MDIForm1::~MDIForm1() = default;
+
+void MDIForm1::buildMenus() {
+    std::array<QMenu*, static_cast<std::size_t>(Menu::none)> menus{};
+    for (const MenuInfo& info : menuTable()) {
+        auto* menu = new QMenu(caption(info.caption), menuBar());
+        menu->setObjectName(QString::fromLatin1(info.name));
+        menuBar()->addMenu(menu);
+        menus.at(static_cast<std::size_t>(info.menu)) = menu;
+    }
+    for (const CommandInfo& info : commandTable()) {
+        auto* action = new QAction(caption(info.caption), this);
+        action->setObjectName(QString::fromLatin1(info.name));
+        action->setMenuRole(QAction::NoRole);
+        action->setEnabled(info.needs == Needs::nothing);
+        const Command command = info.command;
+        connect(action, &QAction::triggered, this, [this, command] { run(command); });
+        m_actions.at(static_cast<std::size_t>(command)) = action;
+        if (info.menu != Menu::none) {
+            QMenu* menu = menus.at(static_cast<std::size_t>(info.menu));
+            if (info.startsGroup) {
+                menu->addSeparator();
+            }
+            menu->addAction(action);
+        }
+    }
+}
+
+void MDIForm1::buildToolbar() {
+    m_toolbar = addToolBar(u"Barra degli strumenti"_s);
+    m_toolbar->setObjectName(u"Toolbar1"_s);
+    m_toolbar->setMovable(false);
+    m_toolbar->setIconSize(toolPictureSize);
+    for (const ToolInfo& info : toolTable()) {
+        QAction*& tool = m_tools.at(static_cast<std::size_t>(info.position) - 1);
+        if (info.isSeparator()) {
+            tool = m_toolbar->addSeparator();
+            continue;
+        }
+        const QString key = QString::fromLatin1(info.key);
+        tool = m_toolbar->addAction(picture(u"Imm"_s + key), caption(info.toolTip));
+        tool->setObjectName(key);
+        tool->setEnabled(!info.startsDisabled);
+        const Command command = info.command;
+        connect(tool, &QAction::triggered, this, [this, command] { run(command); });
+        if (command == Command::mnuOpzioni) {
+            auto* menu = new QMenu(this);
+            menu->addAction(action(Command::graphOptions));
+            menu->addAction(action(Command::weeklyOptions));
+            tool->setMenu(menu);
+            auto* button = qobject_cast<QToolButton*>(m_toolbar->widgetForAction(tool));
+            button->setPopupMode(QToolButton::MenuButtonPopup);
+        }
+    }
+}
+
+void MDIForm1::buildStatusBar() {
+    QStatusBar* bar = statusBar();
+    bar->setObjectName(u"StatusBar1"_s);
+    for (StatusLabel*& panel : m_panels) {
+        panel = new StatusLabel(bar);
+        bar->addWidget(panel, 1);
+    }
+}
+
+void MDIForm1::buildPopup() {
+    m_popup = new QMenu(this);
+    m_popup->setObjectName(u"mnuPopUp"_s);
+    const auto add = [this](const QString& name) {
+        m_popup->addAction(QString())->setObjectName(name);
+    };
+    add(u"mnuPopGiorno"_s);
+    m_popup->addSeparator()->setObjectName(u"mnuPopBar1"_s);
+    add(u"mnuPopFis"_s);
+    add(u"mnuPopEm"_s);
+    add(u"mnuPopInt"_s);
+    add(u"mnuPopMed"_s);
+    m_popup->addSeparator()->setObjectName(u"mnuPopBar2"_s);
+    QAction* options = m_popup->addAction(u"Opzioni"_s);
+    options->setObjectName(u"mnuPopOpt"_s);
+    connect(options, &QAction::triggered, this, [this] {
+        const QMdiSubWindow* active = m_area->currentSubWindow();
+        if (auto* child = active ? qobject_cast<ChildWindow*>(active->widget()) : nullptr) {
+            child->SetOptions();
+        }
+    });
+}
+
+QAction* MDIForm1::action(Command command) const {
+    return m_actions.at(static_cast<std::size_t>(command));
+}
+
+void MDIForm1::start(const StartRequest& request) {
+    switch (request.mode) {
+    case StartMode::commandLineText: {
+        const QString path = pathInCommandLineText(request.text);
+        if (QFileInfo::exists(path)) {
+            openFile(path);
+        }
+        break;
+    }
+    case StartMode::openFile:
+        if (QFileInfo::exists(request.text)) {
+            openFile(request.text);
+        } else {
+            showError(this, u"Il file \"%1\" non esiste."_s.arg(request.text), u"Errore"_s);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void MDIForm1::openFile(const QString& path) {
+    if (fileKind(path) == FileKind::biorhythm) {
+        loadBiorhythmFile(path);
+    }
+}
+
+void MDIForm1::run(Command command) {
+    switch (command) {
+    case Command::mnuCalcola:
+        newBiorhythm();
+        break;
+    case Command::mnuApriBioritmo:
+        openBiorhythm();
+        break;
+    case Command::mnuSalvaBioritmo:
+        saveBiorhythm();
+        break;
+    case Command::mnuSalvaConNome:
+        saveBiorhythmAs();
+        break;
+    case Command::mnuChiudiBioritmo:
+        askToCloseBiorhythm();
+        break;
+    case Command::mnuGrafico:
+        if (requireBiorhythm(u"il grafico"_s)) {
+            openGraph();
+        }
+        break;
+    case Command::mnuStatoSettimanale:
+        requireBiorhythm(u"lo stato settimanale"_s);
+        break;
+    case Command::mnuStatoOdierno:
+        requireBiorhythm(u"lo stato"_s);
+        break;
+    case Command::mnuPrevisioni:
+        requireBiorhythm(u"il grafico"_s);
+        break;
+    case Command::graphOptions:
+        openGraphOptions();
+        break;
+    case Command::mnuHlpCompleto:
+        ShowHelp(this, helpPath());
+        break;
+    case Command::mnuWinArrHor:
+    case Command::mnuWinArrVer:
+    case Command::mnuWinArrCas:
+    case Command::mnuWinArrIco:
+        arrangeChildren(command);
+        break;
+    case Command::mnuEsci:
+    case Command::mnuEsci2:
+        quit();
+        break;
+    default:
+        break; // its window is not there yet
+    }
+}
+
+void MDIForm1::setCommandEnabled(Command command, bool enabled) {
+    action(command)->setEnabled(enabled);
+}
+
+void MDIForm1::setToolEnabled(int position, bool enabled) {
+    m_tools.at(static_cast<std::size_t>(position) - 1)->setEnabled(enabled);
+}
+
+void MDIForm1::setStatusPanel(StatusPanel panel, const QString& text) {
+    m_panels.at(static_cast<std::size_t>(panel) - 1)->setFullText(text);
+}
+
+void MDIForm1::showChild(ChildWindow* child) {
+    auto* window = qobject_cast<QMdiSubWindow*>(child->parentWidget());
+    if (window == nullptr) {
+        window = m_area->addSubWindow(child);
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->setWindowIcon(windowIcon());
+        window->resize(window->sizeHint().boundedTo(m_area->viewport()->size()));
+    }
+    if (window->isMinimized()) {
+        window->showNormal();
+    }
+    child->show();
+    window->show();
+    m_area->setActiveSubWindow(window);
+}
+
+void MDIForm1::showDayPopup(const DayPopup& popup, QPoint globalPosition) {
+    const auto setCaption = [this](const QString& name, const QString& text) {
+        m_popup->findChild<QAction*>(name)->setText(text);
+    };
+    setCaption(u"mnuPopGiorno"_s, popup.day);
+    setCaption(u"mnuPopFis"_s, popup.physical);
+    setCaption(u"mnuPopEm"_s, popup.emotional);
+    setCaption(u"mnuPopInt"_s, popup.intellectual);
+    setCaption(u"mnuPopMed"_s, popup.mean);
+    m_popup->popup(globalPosition);
+}
+
+bool MDIForm1::requireBiorhythm(const QString& view) {
+    if (m_program.biorhythm.birthDate != 0) {
+        return true;
+    }
+    showError(
+        this,
+        u"Nessuna data è ancora stata inserita. Scegliere Calcola dal menu Bioritmi per avere "
+        "%1 del bioritmo desiderato."_s.arg(view),
+        u"Errore"_s);
+    return false;
+}
+
+void MDIForm1::openGraph() {
+    if (m_graph == nullptr) {
+        m_graph = new FGrph(m_program, *this);
+        connect(m_graph, &ChildWindow::closed, this, [this] { m_graph = nullptr; });
+    }
+    m_graph->setWindowTitle(u"Grafico di "_s + m_program.biorhythm.name);
+    showChild(m_graph);
+}
+
+/// The options button's own way to the graph options: the record's values, for the open graph.
+void MDIForm1::openGraphOptions() {
+    auto* dialog = new FGrOpt(m_program, this);
+    dialog->initialise(graphOptions(m_program.biorhythm));
+    connect(dialog, &FGrOpt::GraphOptionsChanged, this, [this](const GraphOptions& options) {
+        if (m_graph != nullptr) {
+            m_graph->applyGraphOptions(options);
+        }
+    });
+    dialog->open();
+}
+
+QList<QMdiSubWindow*> MDIForm1::children(bool minimised) const {
+    QList<QMdiSubWindow*> windows = m_area->subWindowList(QMdiArea::StackingOrder);
+    windows.removeIf([minimised](const QMdiSubWindow* window) {
+        return window->isHidden() || window->isMinimized() != minimised;
+    });
+    std::reverse(windows.begin(), windows.end()); // the active one first
+    return windows;
+}
+
+void MDIForm1::arrangeChildren(Command command) {
+    const QList<QMdiSubWindow*> icons = children(true);
+    const QList<QMdiSubWindow*> windows = children(false);
+    if (command == Command::mnuWinArrIco) {
+        if (!icons.isEmpty()) {
+            const auto places =
+                arrangeIcons(m_area->viewport()->size(), icons.constFirst()->frameGeometry().size(),
+                             static_cast<int>(icons.size()));
+            for (qsizetype i = 0; i < icons.size(); ++i) {
+                icons[i]->move(places[i]);
+            }
+        }
+        return;
+    }
+    if (command == Command::mnuWinArrCas) {
+        m_area->cascadeSubWindows();
+        return;
+    }
+    QSize area = m_area->viewport()->size();
+    if (!icons.isEmpty()) {
+        area.rheight() -= icons.constFirst()->frameGeometry().height();
+    }
+    const int count = static_cast<int>(windows.size());
+    const auto places = command == Command::mnuWinArrHor ? tileHorizontally(area, count)
+                                                         : tileVertically(area, count);
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        windows[i]->showNormal();
+        windows[i]->setGeometry(places[i]);
+    }
+}
+
+/// The close box and the control menu: what is asked and whether the program ends is the quit
+/// command's affair; the request itself never closes the frame.
+void MDIForm1::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (!m_ending) {
+        quit();
+    }
+}
+
+void MDIForm1::quit() {
+    if (!m_program.state.systemOpen && m_program.biorhythm.isPresent()) {
+        askToCloseBiorhythm();
+        if (m_closeAnswer == Answer::no) {
+            return;
+        }
+    }
+    end();
+}
+
+void MDIForm1::end() {
+    m_ending = true;
+    emit ended();
+}
+
+} // namespace quor

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "core/Biorhythm.h"
+#include "shell/CommandLine.h"
+#include "toolkit/Dialogs.h"
+#include "toolkit/Frame.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <array>
+
+class QMdiArea;
+class QMdiSubWindow;
+class QToolBar;
+
+namespace quor {
+
+class FGrph;
+class FIns;
+class StatusLabel;
+
+/// The program's frame: menus, toolbar, status bar, and the views as windows inside it.
+class MDIForm1 : public QMainWindow, public Frame {
+    Q_OBJECT
+
+  public:
+    /// Brings the program's data into the state of every start, makes the user's folders and reads
+    /// the settings. The data outlive the frame.
+    /// @param programFolder where the executable lies
+    MDIForm1(Program& program, const QString& programFolder, QWidget* parent = nullptr);
+    ~MDIForm1() override;
+    MDIForm1(const MDIForm1&) = delete;
+    MDIForm1& operator=(const MDIForm1&) = delete;
+    MDIForm1(MDIForm1&&) = delete;
+    MDIForm1& operator=(MDIForm1&&) = delete;
+
+    /// The last step of starting, once the frame is shown: opens what was named.
+    void start(const StartRequest& request);
+
+    /// Reads a .bio file into the record, asks whether to move an old calculation date to today,
+    /// and applies the biorhythm.
+    void loadBiorhythmFile(const QString& path);
+
+    /// Forgets the current biorhythm and closes every window that shows it, without a question.
+    void closeBiorhythm();
+
+    [[nodiscard]] QWidget* widget() override { return this; }
+    void run(Command command) override;
+    void setCommandEnabled(Command command, bool enabled) override;
+    void setToolEnabled(int position, bool enabled) override;
+    void setStatusPanel(StatusPanel panel, const QString& text) override;
+    void applyBiorhythm() override;
+    void showChild(ChildWindow* child) override;
+    void showDayPopup(const DayPopup& popup, QPoint globalPosition) override;
+
+  signals:
+    /// The program ends: nothing is asked any more.
+    void ended();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void buildMenus();
+    void buildToolbar();
+    void buildStatusBar();
+    void buildPopup();
+    [[nodiscard]] QAction* action(Command command) const;
+
+    void openFile(const QString& path);
+    void openGraph();
+    void openGraphOptions();
+    /// A view needs a person. @return whether there is one; if not, the message is shown
+    bool requireBiorhythm(const QString& view);
+    void arrangeChildren(Command command);
+    [[nodiscard]] QList<QMdiSubWindow*> children(bool minimised) const;
+
+    // The commands of the menu of biorhythms (BiorhythmCommands.cpp).
+    void newBiorhythm();
+    void openBiorhythm();
+    void saveBiorhythm();
+    void saveBiorhythmAs();
+    void askToCloseBiorhythm();
+    [[nodiscard]] bool closedCurrentBiorhythm();
+
+    void quit();
+    void end();
+
+    Program& m_program;
+    QMdiArea* m_area = nullptr;
+    QToolBar* m_toolbar = nullptr;
+    std::array<QAction*, commandCount> m_actions{};
+    std::array<QAction*, 20> m_tools{};
+    std::array<StatusLabel*, 3> m_panels{};
+    QMenu* m_popup = nullptr; ///< mnuPopUp
+    QPointer<FGrph> m_graph;
+    QPointer<FIns> m_newBiorhythm;
+    /// The answer to the last question whether to close the biorhythm.
+    Answer m_closeAnswer = Answer::yes;
+    bool m_ending = false;
+};
+
+} // namespace quor

@@ -1,0 +1,31 @@
+#include "shell/StatusLabel.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace quor {
+
+StatusLabel::StatusLabel(QWidget* parent)
+    : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    setFrameShape(QFrame::StyledPanel);
+    setContentsMargins(4, 0, 4, 0);
+}
+
+void StatusLabel::setFullText(const QString& text) {
+    setText(text);
+    // An escaped tooltip shows a name as it was typed, not as markup.
+    setToolTip(text.toHtmlEscaped());
+}
+
+void StatusLabel::paintEvent(QPaintEvent* event) {
+    QFrame::paintEvent(event);
+    QPainter painter(this);
+    const QRect area = contentsRect();
+    style()->drawItemText(&painter, area, Qt::AlignVCenter | Qt::AlignLeft, palette(), isEnabled(),
+                          fontMetrics().elidedText(text(), Qt::ElideRight, area.width()),
+                          foregroundRole());
+}
+
+} // namespace quor

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+namespace quor {
+
+/// A window inside the frame. It is deleted when it closes.
+class ChildWindow : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit ChildWindow(QWidget* parent = nullptr);
+
+    /// Opens the window's own options; called for the active child. Most windows have none.
+    virtual void SetOptions();
+
+    /// Closes the window together with its frame.
+    void closeWindow();
+
+  signals:
+    /// The window has closed and is about to go.
+    void closed();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+};
+
+} // namespace quor

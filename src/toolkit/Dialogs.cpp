@@ -1,0 +1,103 @@
+#include "toolkit/Dialogs.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+QMessageBox::Icon icon(BoxKind kind) {
+    switch (kind) {
+    case BoxKind::information:
+        return QMessageBox::Information;
+    case BoxKind::warning:
+        return QMessageBox::Warning;
+    case BoxKind::error:
+        return QMessageBox::Critical;
+    case BoxKind::question:
+        break;
+    }
+    return QMessageBox::Question;
+}
+
+/// "*.ext" of "Description (*.ext) | *.ext".
+QString patternOf(const QString& filter) {
+    return filter.section(u'|', 1).trimmed();
+}
+
+class RealDialogHost : public DialogHost {
+  public:
+    Answer message(QWidget* parent, const MessageBox& box) override {
+        QMessageBox window(parent);
+        window.setIcon(icon(box.kind));
+        window.setWindowTitle(box.title);
+        // Texts hold names that people typed: never markup.
+        window.setTextFormat(Qt::PlainText);
+        window.setText(box.text);
+        if (box.kind != BoxKind::question) {
+            window.setStandardButtons(QMessageBox::Ok);
+            window.exec();
+            return Answer::ok;
+        }
+        window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        window.setDefaultButton(QMessageBox::Yes);
+        window.setEscapeButton(QMessageBox::No);
+        return window.exec() == QMessageBox::Yes ? Answer::yes : Answer::no;
+    }
+
+    QString input(QWidget* parent, const QString& prompt, const QString& title) override {
+        return QInputDialog::getText(parent, title, prompt);
+    }
+
+    QString file(QWidget* parent, const FileRequest& request) override {
+        const QString pattern = patternOf(request.filter);
+        QFileDialog dialog(parent, request.title, request.folder,
+                           request.filter.section(u'|', 0, 0).trimmed());
+        if (request.mode == FileMode::open) {
+            dialog.setFileMode(QFileDialog::ExistingFile);
+        } else {
+            dialog.setFileMode(QFileDialog::AnyFile);
+            dialog.setAcceptMode(QFileDialog::AcceptSave);
+            dialog.setDefaultSuffix(pattern.section(u'.', 1));
+        }
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+            return {};
+        }
+        return dialog.selectedFiles().constFirst();
+    }
+
+    std::optional<QColor> colour(QWidget* parent, const QColor& initial,
+                                 const QString& title) override {
+        const QColor chosen = QColorDialog::getColor(initial, parent, title);
+        return chosen.isValid() ? std::optional(chosen) : std::nullopt;
+    }
+};
+
+DialogHost*& currentHost() {
+    static RealDialogHost real;
+    static DialogHost* host = &real;
+    return host;
+}
+
+} // namespace
+
+DialogHost& dialogHost() {
+    return *currentHost();
+}
+
+ScopedDialogHost::ScopedDialogHost(DialogHost& host)
+    : m_previous(currentHost()) {
+    currentHost() = &host;
+}
+
+ScopedDialogHost::~ScopedDialogHost() {
+    currentHost() = m_previous;
+}
+
+} // namespace quor

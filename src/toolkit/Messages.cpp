@@ -1,0 +1,43 @@
+#include "toolkit/Messages.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+Answer show(QWidget* parent, BoxKind kind, const QString& text, const QString& title) {
+    return dialogHost().message(parent, {.kind = kind, .text = text, .title = title});
+}
+
+} // namespace
+
+QString defaultTitle() {
+    return u"Quor"_s;
+}
+
+void showInformation(QWidget* parent, const QString& text, const QString& title) {
+    show(parent, BoxKind::information, text, title);
+}
+
+void showWarning(QWidget* parent, const QString& text, const QString& title) {
+    show(parent, BoxKind::warning, text, title);
+}
+
+void showError(QWidget* parent, const QString& text, const QString& title) {
+    show(parent, BoxKind::error, text, title);
+}
+
+void showOverflow(QWidget* parent) {
+    showError(parent, u"Overflow"_s, u"Errore"_s);
+}
+
+Answer ask(QWidget* parent, const QString& text, const QString& title) {
+    return show(parent, BoxKind::question, text, title);
+}
+
+QString askText(QWidget* parent, const QString& prompt, const QString& title) {
+    return dialogHost().input(parent, prompt, title);
+}
+
+} // namespace quor

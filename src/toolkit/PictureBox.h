@@ -1,0 +1,39 @@
+#pragma once
+
+#include "toolkit/Drawing.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+namespace quor {
+
+/// A sheet of white paper that shows a `Drawing`, sharp at any device pixel ratio. The drawing is
+/// made anew by its owner when the box is resized.
+class PictureBox : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit PictureBox(QWidget* parent = nullptr);
+
+    [[nodiscard]] const Drawing& drawing() const { return m_drawing; }
+    void setDrawing(Drawing drawing);
+
+    /// Height in pixels of a line of text in the picture's font.
+    [[nodiscard]] int textHeight() const;
+
+  signals:
+    void resized();
+    /// A mouse button went down at a point of the picture.
+    void pressed(Qt::MouseButton button, QPoint position);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    Drawing m_drawing;
+    QPixmap m_sheet; ///< the painted drawing; null until it is needed
+};
+
+} // namespace quor

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "toolkit/ChildWindow.h"
+#include "toolkit/Frame.h"
+
+#include <QStringList>
+#include <QWidget>
+
+namespace quor::test {
+
+/// A frame that shows nothing and notes what windows ask of it.
+class RecordingFrame : public Frame {
+  public:
+    [[nodiscard]] QWidget* widget() override { return nullptr; }
+    void run(Command command) override;
+    void setCommandEnabled(Command command, bool enabled) override;
+    void setToolEnabled(int position, bool enabled) override;
+    void setStatusPanel(StatusPanel panel, const QString& text) override;
+    void applyBiorhythm() override;
+    void showChild(ChildWindow* child) override;
+    void showDayPopup(const DayPopup& popup, QPoint globalPosition) override;
+
+    /// One line for each call, in order: "run mnuCalcola", "apply", "panel 1 Nome: Maria".
+    QStringList calls;
+    std::vector<DayPopup> popups;
+    std::vector<ChildWindow*> shown;
+};
+
+} // namespace quor::test
