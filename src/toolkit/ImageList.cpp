@@ -20,7 +20,7 @@ namespace quor {
 namespace {
 
 /// Opacity of a picture that cannot be used at the moment.
-constexpr double disabledOpacity = 0.35;
+constexpr float disabledOpacity = 0.35F;
 
 /// Renders a picture at the size that is asked for, in the palette of the moment.
 class PaletteIconEngine : public QIconEngine {
@@ -63,8 +63,12 @@ class PaletteIconEngine : public QIconEngine {
         pixmap.fill(Qt::transparent);
         {
             QPainter painter(&pixmap);
-            painter.setOpacity(disabled ? disabledOpacity : 1.0);
             renderer.render(&painter);
+            if (disabled) {
+                // As a whole, so that strokes do not shine through each other.
+                painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+                painter.fillRect(pixmap.rect(), QColor::fromRgbF(0, 0, 0, disabledOpacity));
+            }
         }
         pixmap.setDevicePixelRatio(scale);
         QPixmapCache::insert(cacheKey, pixmap);

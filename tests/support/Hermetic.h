@@ -19,10 +19,16 @@ class Surroundings {
     QTemporaryDir m_home;
 };
 
+/// The base of every test class: a warning of the toolkit during a test function fails it.
+class Test : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void init();
+};
+
 /// Runs the test classes one after another. @return the number of failed test functions
-template<typename Application, typename... Tests>
-int runAll(int argc, char** argv)
-{
+template<typename Application, typename... Tests> int runAll(int argc, char** argv) {
     const Surroundings surroundings;
     Application application(argc, argv);
     Application::setApplicationName(QStringLiteral("quor"));
@@ -38,7 +44,6 @@ int runAll(int argc, char** argv)
 
 /// The main function of a test executable: the application's class, then the test classes.
 #define QUOR_TEST_MAIN(...)                                                                        \
-    int main(int argc, char** argv)                                                                \
-    {                                                                                              \
+    int main(int argc, char** argv) {                                                              \
         return quor::test::runAll<__VA_ARGS__>(argc, argv);                                        \
     }

@@ -6,51 +6,42 @@ namespace quor::test {
 
 namespace {
 
-QString name(Command command)
-{
+QString name(Command command) {
     return QString::fromLatin1(commandInfo(command).name);
 }
 
-QString onOff(bool enabled)
-{
+QString onOff(bool enabled) {
     return enabled ? u"on"_s : u"off"_s;
 }
 
 } // namespace
 
-void RecordingFrame::run(Command command)
-{
+void RecordingFrame::run(Command command) {
     calls << u"run "_s + name(command);
 }
 
-void RecordingFrame::setCommandEnabled(Command command, bool enabled)
-{
+void RecordingFrame::setCommandEnabled(Command command, bool enabled) {
     calls << u"command %1 %2"_s.arg(name(command), onOff(enabled));
 }
 
-void RecordingFrame::setToolEnabled(int position, bool enabled)
-{
+void RecordingFrame::setToolEnabled(int position, bool enabled) {
     calls << u"tool %1 %2"_s.arg(QString::number(position), onOff(enabled));
 }
 
-void RecordingFrame::setStatusPanel(StatusPanel panel, const QString& text)
-{
+void RecordingFrame::setStatusPanel(StatusPanel panel, const QString& text) {
     calls << u"panel %1 %2"_s.arg(QString::number(static_cast<int>(panel)), text);
 }
 
-void RecordingFrame::applyBiorhythm()
-{
+void RecordingFrame::applyBiorhythm() {
     calls << u"apply"_s;
 }
 
-void RecordingFrame::showChild(ChildWindow* child)
-{
+void RecordingFrame::showChild(ChildWindow* child) {
     calls << u"show "_s + child->windowTitle();
     shown.push_back(child);
 }
 
-void RecordingFrame::showDayPopup(const DayPopup& popup, QPoint /*globalPosition*/)
-{
+void RecordingFrame::showDayPopup(const DayPopup& popup, QPoint /*globalPosition*/) {
     calls << u"popup "_s + popup.day;
     popups.push_back(popup);
 }

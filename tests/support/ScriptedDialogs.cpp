@@ -8,51 +8,44 @@ namespace quor::test {
 
 namespace {
 
-QString describe(const QString& kind, const QStringList& parts)
-{
+QString describe(const QString& kind, const QStringList& parts) {
     return kind + u": "_s + parts.join(u" | "_s);
 }
 
-QString describeMessage(bool question, const QString& title, const QString& text)
-{
+QString describeMessage(bool question, const QString& title, const QString& text) {
     return describe(question ? u"question"_s : u"box"_s, {title, text});
 }
 
 QString describeFile(FileMode mode, const QString& title, const QString& filter,
-                     const QString& folder)
-{
+                     const QString& folder) {
     return describe(mode == FileMode::open ? u"open"_s : u"save"_s, {title, filter, folder});
 }
 
 } // namespace
 
 ScriptedDialogs::ScriptedDialogs()
-    : m_scope(*this)
-{
-}
+    : m_scope(*this) {}
 
-ScriptedDialogs::~ScriptedDialogs()
-{
+ScriptedDialogs::~ScriptedDialogs() {
     if (!QTest::currentTestFailed()) {
         [[maybe_unused]] const bool complete = finished();
     }
 }
 
-void ScriptedDialogs::expectBox(const QString& title, const QString& text)
-{
-    m_steps.push_back(
-        {.box = describeMessage(false, title, text), .answer = Answer::ok, .text = {}, .colour = {}});
+void ScriptedDialogs::expectBox(const QString& title, const QString& text) {
+    m_steps.push_back({.box = describeMessage(false, title, text),
+                       .answer = Answer::ok,
+                       .text = {},
+                       .colour = {}});
 }
 
-void ScriptedDialogs::expectQuestion(const QString& title, const QString& text, Answer answer)
-{
+void ScriptedDialogs::expectQuestion(const QString& title, const QString& text, Answer answer) {
     m_steps.push_back(
         {.box = describeMessage(true, title, text), .answer = answer, .text = {}, .colour = {}});
 }
 
 void ScriptedDialogs::expectInput(const QString& title, const QString& prompt,
-                                  const QString& answer)
-{
+                                  const QString& answer) {
     m_steps.push_back({.box = describe(u"input"_s, {title, prompt}),
                        .answer = Answer::ok,
                        .text = answer,
@@ -60,8 +53,7 @@ void ScriptedDialogs::expectInput(const QString& title, const QString& prompt,
 }
 
 void ScriptedDialogs::expectFile(FileMode mode, const QString& title, const QString& filter,
-                                 const QString& folder, const QString& path)
-{
+                                 const QString& folder, const QString& path) {
     m_steps.push_back({.box = describeFile(mode, title, filter, folder),
                        .answer = Answer::ok,
                        .text = path,
@@ -69,24 +61,21 @@ void ScriptedDialogs::expectFile(FileMode mode, const QString& title, const QStr
 }
 
 void ScriptedDialogs::expectColour(const QString& title, const QColor& initial,
-                                   const std::optional<QColor>& answer)
-{
+                                   const std::optional<QColor>& answer) {
     m_steps.push_back({.box = describe(u"colour"_s, {title, initial.name()}),
                        .answer = Answer::ok,
                        .text = {},
                        .colour = answer});
 }
 
-bool ScriptedDialogs::finished()
-{
+bool ScriptedDialogs::finished() {
     for (const Step& step : m_steps) {
         QTest::qFail(qPrintable(u"never came: "_s + step.box), __FILE__, __LINE__);
     }
     return std::exchange(m_steps, {}).empty();
 }
 
-ScriptedDialogs::Step ScriptedDialogs::take(const QString& box)
-{
+ScriptedDialogs::Step ScriptedDialogs::take(const QString& box) {
     if (m_steps.empty()) {
         QTest::qFail(qPrintable(u"unexpected: "_s + box), __FILE__, __LINE__);
         return {};
@@ -100,24 +89,20 @@ ScriptedDialogs::Step ScriptedDialogs::take(const QString& box)
     return step;
 }
 
-Answer ScriptedDialogs::message(QWidget* /*parent*/, const MessageBox& box)
-{
+Answer ScriptedDialogs::message(QWidget* /*parent*/, const MessageBox& box) {
     return take(describeMessage(box.kind == BoxKind::question, box.title, box.text)).answer;
 }
 
-QString ScriptedDialogs::input(QWidget* /*parent*/, const QString& prompt, const QString& title)
-{
+QString ScriptedDialogs::input(QWidget* /*parent*/, const QString& prompt, const QString& title) {
     return take(describe(u"input"_s, {title, prompt})).text;
 }
 
-QString ScriptedDialogs::file(QWidget* /*parent*/, const FileRequest& request)
-{
+QString ScriptedDialogs::file(QWidget* /*parent*/, const FileRequest& request) {
     return take(describeFile(request.mode, request.title, request.filter, request.folder)).text;
 }
 
 std::optional<QColor> ScriptedDialogs::colour(QWidget* /*parent*/, const QColor& initial,
-                                              const QString& title)
-{
+                                              const QString& title) {
     return take(describe(u"colour"_s, {title, initial.name()})).colour;
 }
 

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestBiorhythm : public Test {
+    Q_OBJECT
+
+  private slots:
+    void startUpDefaults();
+    void resetTouchesOnlyDisplayOptions();
+    void namesAreFoundExactly();
+    void anEmptySystemFindsNothing();
+    void dayCountsFollowTheDates();
+    void theSmallestSpanIsOneDay();
+    void theClockCanBeSet();
+};
+
+} // namespace quor::test

@@ -1,0 +1,11 @@
+#include "core/TestBiorhythm.h"
+#include "core/TestCycles.h"
+#include "core/TestDateEntry.h"
+#include "core/TestDates.h"
+#include "core/TestRounding.h"
+#include "support/Hermetic.h"
+
+#include <QCoreApplication>
+
+QUOR_TEST_MAIN(QCoreApplication, quor::test::TestBiorhythm, quor::test::TestCycles,
+               quor::test::TestDateEntry, quor::test::TestDates, quor::test::TestRounding)

@@ -1,0 +1,93 @@
+#include "shell/TestCommandLine.h"
+
+#include "shell/CommandLine.h"
+
+#include "support/Hermetic.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quor::test {
+
+void TestCommandLine::options_data() {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char* name, const QStringList& arguments, StartMode mode,
+                        const QString& text) {
+        QTest::newRow(name) << arguments << static_cast<int>(mode) << text;
+    };
+    row("nothing", {}, StartMode::plain, {});
+    row("open", {u"--open"_s, u"/a b/c.bio"_s}, StartMode::openFile, u"/a b/c.bio"_s);
+    row("open with an equals sign", {u"--open=c.bio"_s}, StartMode::openFile, u"c.bio"_s);
+    row("open a file named like an option", {u"--open"_s, u"--x.bio"_s}, StartMode::openFile,
+        u"--x.bio"_s);
+    row("help", {u"--help"_s}, StartMode::showHelp, {});
+    row("version", {u"--version"_s}, StartMode::showVersion, {});
+    row("unknown", {u"--apri"_s, u"c.bio"_s}, StartMode::wrongUse,
+        u"opzione sconosciuta: --apri"_s);
+    row("open nothing", {u"--open"_s}, StartMode::wrongUse,
+        u"l'opzione --open vuole il nome di un file"_s);
+    row("too much", {u"--open"_s, u"a.bio"_s, u"b.bio"_s}, StartMode::wrongUse,
+        u"argomento di troppo: b.bio"_s);
+}
+
+void TestCommandLine::options() {
+    QFETCH(QStringList, arguments);
+    QFETCH(int, mode);
+    QFETCH(QString, text);
+    const StartRequest request = parseArguments(arguments);
+    QCOMPARE(static_cast<int>(request.mode), mode);
+    QCOMPARE(request.text, text);
+}
+
+void TestCommandLine::textIsJoinedByBlanks() {
+    const StartRequest request = parseArguments({u"\"/a"_s, u"b/c.bio\""_s, u"--open"_s});
+    QVERIFY(request.mode == StartMode::commandLineText);
+    QCOMPARE(request.text, u"\"/a b/c.bio\" --open"_s);
+}
+
+void TestCommandLine::firstAndLastCharacterGo_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("path");
+    QTest::newRow("quoted") << u"\"/a b/c.bio\""_s << u"/a b/c.bio"_s;
+    QTest::newRow("quoted, blanks around") << u"  \"/a b/c.bio\" "_s << u"/a b/c.bio"_s;
+    QTest::newRow("not quoted") << u"/a/c.bio"_s << u"a/c.bi"_s;
+    QTest::newRow("blanks inside stay") << u"\" c.bio \""_s << u" c.bio "_s;
+    QTest::newRow("two characters") << u"\"\""_s << QString();
+    QTest::newRow("one") << u"x"_s << QString();
+    QTest::newRow("none") << u"  "_s << QString();
+}
+
+void TestCommandLine::firstAndLastCharacterGo() {
+    QFETCH(QString, text);
+    QFETCH(QString, path);
+    QCOMPARE(pathInCommandLineText(text), path);
+}
+
+void TestCommandLine::endings_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<int>("kind");
+    const auto row = [](const QString& path, FileKind kind) {
+        QTest::newRow(qPrintable(path)) << path << static_cast<int>(kind);
+    };
+    row(u"a.bio"_s, FileKind::biorhythm);
+    row(u"a.BIO"_s, FileKind::biorhythm);
+    row(u"a.Brs"_s, FileKind::system);
+    row(u"a.txt"_s, FileKind::other);
+    row(u"io"_s, FileKind::other);
+    row({}, FileKind::other);
+}
+
+void TestCommandLine::endings() {
+    QFETCH(QString, path);
+    QFETCH(int, kind);
+    QCOMPARE(static_cast<int>(fileKind(path)), kind);
+}
+
+void TestCommandLine::usageNamesEveryOption() {
+    for (const QString& option : {u"--open"_s, u"--help"_s, u"--version"_s}) {
+        QVERIFY(usageText().contains(option));
+    }
+}
+
+} // namespace quor::test

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestCommandLine : public Test {
+    Q_OBJECT
+
+  private slots:
+    void options_data();
+    void options();
+    void textIsJoinedByBlanks();
+    void firstAndLastCharacterGo_data();
+    void firstAndLastCharacterGo();
+    void endings_data();
+    void endings();
+    void usageNamesEveryOption();
+};
+
+} // namespace quor::test

@@ -1,0 +1,11 @@
+#include "shell/TestChildArrangement.h"
+#include "shell/TestCommandLine.h"
+#include "shell/TestFIns.h"
+#include "shell/TestFolders.h"
+#include "shell/TestMDIForm1.h"
+#include "support/Hermetic.h"
+
+#include <QApplication>
+
+QUOR_TEST_MAIN(QApplication, quor::test::TestChildArrangement, quor::test::TestCommandLine,
+               quor::test::TestFIns, quor::test::TestFolders, quor::test::TestMDIForm1)

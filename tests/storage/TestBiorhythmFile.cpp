@@ -1,0 +1,313 @@
+#include "storage/TestBiorhythmFile.h"
+
+#include "core/Clock.h"
+#include "storage/BiorhythmFile.h"
+
+#include "support/Hermetic.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <csignal>
+#include <limits>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::test {
+
+namespace {
+
+const QByteArray& sample() {
+    static const QByteArray bytes("\"Maria Rossi\"\r\n#1981-12-25#\r\n#2004-03-15#\r\n3\r\n-10\r\n"
+                                  "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n");
+    return bytes;
+}
+
+/// A record in which no field has the value that the sample gives it.
+Program otherProgram() {
+    Program program;
+    resetToStartUp(program);
+    program.biorhythm.name = u"Altro"_s;
+    program.biorhythm.birthDate = 100;
+    program.biorhythm.calculationDate = 200;
+    program.state.modified = true;
+    return program;
+}
+
+class Files {
+  public:
+    [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
+
+    [[nodiscard]] QString write(const QByteArray& bytes) const {
+        const QString file = path(u"file.bio"_s);
+        QFile device(file);
+        if (!device.open(QIODevice::WriteOnly) || device.write(bytes) != bytes.size()) {
+            qFatal("cannot write the test's own file");
+        }
+        return file;
+    }
+
+    [[nodiscard]] static QByteArray read(const QString& file) {
+        QFile device(file);
+        return device.open(QIODevice::ReadOnly) ? device.readAll() : QByteArray("unreadable");
+    }
+
+  private:
+    QTemporaryDir m_folder;
+};
+
+/// The fields that a file holds, in its order, as text.
+QStringList fields(const Biorhythm& biorhythm) {
+    QStringList texts{biorhythm.name, QString::number(biorhythm.birthDate),
+                      QString::number(biorhythm.calculationDate),
+                      QString::number(biorhythm.dayIndexPosition),
+                      QString::number(biorhythm.graphDaysAdjust)};
+    for (const Colour colour : biorhythm.curveColours) {
+        texts << QString::number(colour);
+    }
+    for (const Colour colour : biorhythm.weeklyColours) {
+        texts << QString::number(colour);
+    }
+    texts.removeAt(9);  // the fifth curve colour, which no file holds
+    texts.removeLast(); // the fourth colour of the week
+    return texts;
+}
+
+} // namespace
+
+void TestBiorhythmFile::defaultsAreWrittenToTheLetter() {
+    const FixedClock clock(QDate(2004, 3, 15));
+    Program program;
+    resetToStartUp(program);
+    program.biorhythm.name = u"Niccolò Però"_s;
+    program.biorhythm.birthDate = toDateValue(QDate(1981, 12, 25));
+    program.state.modified = true;
+    const Files files;
+    const QString path = files.path(u"prova.bio"_s);
+
+    QCOMPARE(saveBiorhythmFile(path, program), std::nullopt);
+    QCOMPARE(Files::read(path),
+             QByteArray("\"Niccol\xF2 Per\xF2\"\r\n#1981-12-25#\r\n#2004-03-15#\r\n2\r\n0\r\n"
+                        "16711680\r\n255\r\n65280\r\n65535\r\n255\r\n65280\r\n65535\r\n"));
+    QVERIFY(!program.state.modified);
+
+    Program read = otherProgram();
+    readBiorhythmFile(path, read);
+    QCOMPARE(fields(read.biorhythm), fields(program.biorhythm));
+}
+
+void TestBiorhythmFile::whatIsWrittenIsReadBack() {
+    const Files files;
+    const QString path = files.write(sample());
+    Program program = otherProgram();
+    readBiorhythmFile(path, program);
+
+    const Biorhythm& biorhythm = program.biorhythm;
+    QCOMPARE(biorhythm.name, u"Maria Rossi"_s);
+    QCOMPARE(toQDate(biorhythm.birthDate), QDate(1981, 12, 25));
+    QCOMPARE(toQDate(biorhythm.calculationDate), QDate(2004, 3, 15));
+    QCOMPARE(biorhythm.dayIndexPosition, std::uint8_t{3});
+    QCOMPARE(biorhythm.graphDaysAdjust, std::int16_t{-10});
+    QCOMPARE(biorhythm.curveColours, (std::array<Colour, 5>{1, 2, 3, 4, 0}));
+    QCOMPARE(biorhythm.weeklyColours, (std::array<Colour, 4>{5, 6, 7, 0}));
+    QVERIFY(!program.state.modified);
+    QCOMPARE(program.state.filePath, path);
+
+    const QString copy = files.path(u"copy.bio"_s);
+    QCOMPARE(saveBiorhythmFile(copy, program), std::nullopt);
+    QCOMPARE(Files::read(copy), sample());
+}
+
+void TestBiorhythmFile::namesWithCommasAndQuotes() {
+    const Files files;
+    const QString path = files.path(u"name.bio"_s);
+    for (const auto& [name, back] : {std::pair{u"Rossi, Maria"_s, u"Rossi, Maria"_s},
+                                     {u"Anna \"la Rossa\""_s, u"Anna 'la Rossa'"_s},
+                                     {u"Дмитрий"_s, u"???????"_s}}) {
+        Program program = otherProgram();
+        program.biorhythm.name = name;
+        QCOMPARE(saveBiorhythmFile(path, program), std::nullopt);
+        QCOMPARE(program.biorhythm.name, name); // only the file says it otherwise
+        readBiorhythmFile(path, program);
+        QCOMPARE(program.biorhythm.name, back);
+    }
+    // A file of another program may hold a quote inside the name: it ends the name.
+    Program program = otherProgram();
+    readBiorhythmFile(files.write("\"Anna \"la Rossa\"\"\r\n#1981-12-25#\r\n"), program);
+    QCOMPARE(program.biorhythm.name, u"Anna "_s);
+    QCOMPARE(toQDate(program.biorhythm.birthDate), QDate(1981, 12, 25));
+}
+
+void TestBiorhythmFile::truncatedAfterEachLine_data() {
+    QTest::addColumn<int>("lines");
+    for (int lines = 0; lines <= 12; ++lines) {
+        QTest::addRow("%d lines", lines) << lines;
+    }
+}
+
+void TestBiorhythmFile::truncatedAfterEachLine() {
+    QFETCH(int, lines);
+    const Files files;
+    Program complete = otherProgram();
+    readBiorhythmFile(files.write(sample()), complete);
+
+    QByteArrayList kept = sample().split('\n').first(lines);
+    Program program = otherProgram();
+    readBiorhythmFile(files.write(kept.join('\n')), program);
+    const QStringList expected =
+        fields(complete.biorhythm).first(lines) + fields(otherProgram().biorhythm).sliced(lines);
+    QCOMPARE(fields(program.biorhythm), expected);
+
+    // And cut in the middle of the next line: that field keeps its value too, unless a number
+    // is still a number.
+    if (lines < 3) {
+        kept << sample().split('\n').at(lines).first(5);
+        program = otherProgram();
+        readBiorhythmFile(files.write(kept.join('\n')), program);
+        QCOMPARE(fields(program.biorhythm), expected);
+    }
+}
+
+void TestBiorhythmFile::damagedLinesKeepTheirFields() {
+    const Files files;
+    for (int damaged = 0; damaged < 12; ++damaged) {
+        QByteArrayList lines = sample().split('\n');
+        lines[damaged] = "@@@\r";
+        Program complete = otherProgram();
+        readBiorhythmFile(files.write(sample()), complete);
+        Program program = otherProgram();
+        readBiorhythmFile(files.write(lines.join('\n')), program);
+        QStringList expected = fields(complete.biorhythm);
+        expected[damaged] = fields(otherProgram().biorhythm)[damaged];
+        QCOMPARE(fields(program.biorhythm), expected);
+    }
+}
+
+void TestBiorhythmFile::outOfRangeNumbersKeepTheirFields() {
+    const Files files;
+    Program program = otherProgram();
+    readBiorhythmFile(files.write("\"M\"\n#1981-12-25#\n#2004-03-15#\n256\n32768\n2147483648\n"
+                                  "-2147483648\n1\n-1\n0\n0\n0\n"),
+                      program);
+    QCOMPARE(program.biorhythm.dayIndexPosition, std::uint8_t{2});
+    QCOMPARE(program.biorhythm.graphDaysAdjust, std::int16_t{0});
+    QCOMPARE(program.biorhythm.curveColours,
+             (std::array<Colour, 5>{0xFF0000, std::numeric_limits<Colour>::min(), 1, -1, 0}));
+
+    readBiorhythmFile(files.write("\"M\"\n#1981-12-25#\n#2004-03-15#\n255\n-32768\n"), program);
+    QCOMPARE(program.biorhythm.dayIndexPosition, std::uint8_t{255});
+    QCOMPARE(program.biorhythm.graphDaysAdjust, std::int16_t{-32768});
+}
+
+void TestBiorhythmFile::withASystemOpenOnlyThePersonIsRead() {
+    const Files files;
+    Program program = otherProgram();
+    program.state.systemOpen = true;
+    const QString path = files.write(sample());
+    readBiorhythmFile(path, program);
+    QStringList expected = fields(otherProgram().biorhythm);
+    expected[0] = u"Maria Rossi"_s;
+    expected[1] = QString::number(toDateValue(QDate(1981, 12, 25)));
+    QCOMPARE(fields(program.biorhythm), expected);
+    QCOMPARE(program.state.filePath, path);
+    QVERIFY(!program.state.modified);
+}
+
+void TestBiorhythmFile::filesThatCannotBeOpened() {
+    const Files files;
+    const QString missing = files.path(u"missing.bio"_s);
+    const QString folder = files.path(u"folder.bio"_s);
+    QVERIFY(QDir().mkdir(folder));
+    const QString pipe = files.path(u"pipe.bio"_s);
+    QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    for (const QString& path : {missing, folder, pipe}) {
+        Program program = otherProgram();
+        readBiorhythmFile(path, program);
+        QCOMPARE(fields(program.biorhythm), fields(otherProgram().biorhythm));
+        QCOMPARE(program.state.filePath, path);
+        QVERIFY(!program.state.modified);
+    }
+}
+
+void TestBiorhythmFile::binaryAndEmptyFiles() {
+    const Files files;
+    QByteArray binary;
+    for (int i = 0; i < 100'000; ++i) {
+        binary.append(static_cast<char>((i * 7919 + i / 251) % 256));
+    }
+    for (const QByteArray& bytes :
+         {QByteArray(), binary, QByteArray(1000, '\0'), QByteArray("\r\n")}) {
+        Program program = otherProgram();
+        readBiorhythmFile(files.write(bytes), program);
+        QCOMPARE(fields(program.biorhythm), fields(otherProgram().biorhythm));
+    }
+}
+
+void TestBiorhythmFile::aHugeFileIsReadInBoundedTime() {
+    const Files files;
+    // A hundred megabytes without a line end, as a hole that takes no room on the disk.
+    const QString path = files.write("\"Maria Rossi\"\r\n");
+    QFile file(path);
+    QVERIFY(file.resize(100'000'000));
+    Program program = otherProgram();
+    readBiorhythmFile(path, program);
+    QStringList expected = fields(otherProgram().biorhythm);
+    expected[0] = u"Maria Rossi"_s;
+    QCOMPARE(fields(program.biorhythm), expected);
+}
+
+void TestBiorhythmFile::aFailedSaveKeepsTheOldFile() {
+    const Files files;
+    Program program = otherProgram();
+    QVERIFY(saveBiorhythmFile(files.path(u"no/such/folder.bio"_s), program).has_value());
+    QVERIFY(program.state.modified);
+
+    const QString folder = files.path(u"folder.bio"_s);
+    QVERIFY(QDir().mkdir(folder));
+    QVERIFY(!saveBiorhythmFile(folder, program).value_or(QString()).isEmpty());
+    QVERIFY(program.state.modified);
+
+    // A limit on the size of files stands for a disk that is full.
+    const QString path = files.write(sample());
+    rlimit old{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit tight{.rlim_cur = 10, .rlim_max = old.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &tight), 0);
+    const auto failure = saveBiorhythmFile(path, program);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &old), 0);
+    std::signal(SIGXFSZ, oldHandler);
+    QVERIFY(failure.has_value());
+    QVERIFY(program.state.modified);
+    QCOMPARE(Files::read(path), sample());
+}
+
+void TestBiorhythmFile::savingKeepsTheFilePath() {
+    const Files files;
+    Program program = otherProgram();
+    program.state.filePath = u"elsewhere.bio"_s;
+    QCOMPARE(saveBiorhythmFile(files.path(u"a.bio"_s), program), std::nullopt);
+    QCOMPARE(program.state.filePath, u"elsewhere.bio"_s);
+}
+
+void TestBiorhythmFile::samplesOpen() {
+    const QDir examples(QStringLiteral(QUOR_EXAMPLES));
+    const QStringList names = examples.entryList({u"*.bio"_s}, QDir::Files);
+    QVERIFY(names.size() >= 3);
+    for (const QString& name : names) {
+        Program program = otherProgram();
+        const QString path = examples.filePath(name);
+        readBiorhythmFile(path, program);
+        QCOMPARE(program.biorhythm.name, QFileInfo(name).completeBaseName());
+        const Files files;
+        const QString copy = files.path(name);
+        QCOMPARE(saveBiorhythmFile(copy, program), std::nullopt);
+        QCOMPARE(Files::read(copy), Files::read(path));
+    }
+}
+
+} // namespace quor::test

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestBiorhythmFile : public Test {
+    Q_OBJECT
+
+  private slots:
+    void defaultsAreWrittenToTheLetter();
+    void whatIsWrittenIsReadBack();
+    void namesWithCommasAndQuotes();
+    void truncatedAfterEachLine_data();
+    void truncatedAfterEachLine();
+    void damagedLinesKeepTheirFields();
+    void outOfRangeNumbersKeepTheirFields();
+    void withASystemOpenOnlyThePersonIsRead();
+    void filesThatCannotBeOpened();
+    void binaryAndEmptyFiles();
+    void aHugeFileIsReadInBoundedTime();
+    void aFailedSaveKeepsTheOldFile();
+    void savingKeepsTheFilePath();
+    void samplesOpen();
+};
+
+} // namespace quor::test

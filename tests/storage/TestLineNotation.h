@@ -1,0 +1,27 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestLineNotation : public Test {
+    Q_OBJECT
+
+  private slots:
+    void codePage_data();
+    void codePage();
+    void everyByteSurvives();
+    void writtenValues();
+    void quotesAndLineEndsInStrings();
+    void strings_data();
+    void strings();
+    void dates_data();
+    void dates();
+    void integers_data();
+    void integers();
+    void linesEndEitherWay();
+    void aLongLineIsNoValue();
+    void readingIsBounded();
+};
+
+} // namespace quor::test

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestPictures : public Test {
+    Q_OBJECT
+
+  private slots:
+    void everyToolHasAPicture();
+    void unknownKeysHaveNone();
+    void picturesFollowThePalette();
+    void disabledPicturesAreFaded();
+    void theSheetIsWhiteAndSharp();
+};
+
+} // namespace quor::test

@@ -1,0 +1,290 @@
+#include "views/graph/TestFGrph.h"
+
+#include "core/Cycles.h"
+#include "core/Rounding.h"
+#include "toolkit/PictureBox.h"
+#include "views/graph/FGrOpt.h"
+#include "views/graph/FGrph.h"
+#include "views/graph/GraphPlot.h"
+
+#include "support/Hermetic.h"
+#include "support/RecordingFrame.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::test {
+
+namespace {
+
+const QString& generalHelp() {
+    static const QString text =
+        u"--> La finestra grafico mostra l'andamento delle curve scelte in un arco di giorni attorno a quello utilizzato nella data di calcolo.\n\n--> Cliccando col tasto destro sul grafico apparirà un piccolo menu con le statistiche parziali del punto prescelto.\n\n--> Si possono selezionare le curve desiderate nel grafico nel riquadro in basso a destra. Sarà necessario premere il tasto Aggiorna perchè i cambiamenti vengano effettuati."_s;
+    return text;
+}
+
+/// The graph of one person, shown at a fixed size.
+class Fixture {
+  public:
+    explicit Fixture(std::int16_t graphDaysAdjust = 0, QDate birth = {1981, 12, 25},
+                     QDate calculation = {2004, 3, 15}) {
+        resetToStartUp(program);
+        Biorhythm& biorhythm = program.biorhythm;
+        biorhythm.name = u"Maria"_s;
+        biorhythm.birthDate = toDateValue(birth);
+        biorhythm.calculationDate = toDateValue(calculation);
+        biorhythm.graphDaysAdjust = graphDaysAdjust;
+        biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
+        window = std::make_unique<FGrph>(program, frame);
+        window->setAttribute(Qt::WA_DeleteOnClose, false);
+        window->resize(900, 640);
+        window->show();
+        QCoreApplication::processEvents();
+    }
+
+    template<typename T> [[nodiscard]] T* child(const QString& name) const {
+        return window->findChild<T*>(name);
+    }
+    [[nodiscard]] PictureBox* picture() const { return child<PictureBox>(u"Picture1"_s); }
+    [[nodiscard]] QString text(const QString& name) const { return child<QLineEdit>(name)->text(); }
+    [[nodiscard]] QString helpText() const {
+        return child<QPlainTextEdit>(u"Text4"_s)->toPlainText();
+    }
+    [[nodiscard]] GraphPlot plot() const {
+        return layOutGraph(picture()->size(), daysAround(program.biorhythm.graphDaysAdjust));
+    }
+    void press(int x, Qt::MouseButton button = Qt::RightButton) const {
+        QTest::mousePress(picture(), button, {}, {x, picture()->height() / 3});
+    }
+
+    Program program;
+    RecordingFrame frame;
+    std::unique_ptr<FGrph> window;
+};
+
+/// The curves of a drawing, by their colour.
+std::vector<Curve> curves(const Drawing& drawing, Colour colour) {
+    std::vector<Curve> found;
+    for (const Primitive& primitive : drawing.primitives) {
+        if (const auto* curve = std::get_if<Curve>(&primitive);
+            curve != nullptr && curve->stroke.colour == colour) {
+            found.push_back(*curve);
+        }
+    }
+    return found;
+}
+
+template<typename Kind> int count(const Drawing& drawing) {
+    return static_cast<int>(
+        std::count_if(drawing.primitives.begin(), drawing.primitives.end(),
+                      [](const Primitive& p) { return std::holds_alternative<Kind>(p); }));
+}
+
+} // namespace
+
+void TestFGrph::showsTheRecord() {
+    const Fixture fixture;
+    QCOMPARE(fixture.text(u"Text1"_s), u"lunedì 15 marzo 2004"_s);
+    QCOMPARE(fixture.text(u"Text2"_s), u"martedì 24 febbraio 2004"_s);
+    QCOMPARE(fixture.text(u"Text3"_s), u"domenica 4 aprile 2004"_s);
+    for (int i = 1; i <= 5; ++i) {
+        QVERIFY(fixture.child<QCheckBox>(u"Check%1"_s.arg(i))->isChecked());
+    }
+    QCOMPARE(fixture.helpText(), generalHelp());
+
+    const Drawing& drawing = fixture.picture()->drawing();
+    QCOMPARE(count<FilledBox>(drawing), 40);
+    QCOMPARE(count<Text>(drawing), 40);
+    QCOMPARE(count<Line>(drawing), 1 + 41 + 3);
+    QCOMPARE(curves(drawing, 0x00FFFF).size(), std::size_t{1});
+    const auto physical = curves(drawing, 0xFF0000);
+    QCOMPARE(physical.size(), std::size_t{3});
+    // The middle of the unshifted curve is the calculation date, day 8116 of this life.
+    const GraphPlot plot = fixture.plot();
+    QCOMPARE(physical[1].points[20],
+             QPoint(plot.x(20), plot.y(cycleValue(8116, Period::physical))));
+}
+
+void TestFGrph::checkBoxesActOnAggiorna() {
+    const Fixture fixture;
+    const Drawing before = fixture.picture()->drawing();
+    for (int i = 1; i <= 5; ++i) {
+        fixture.child<QCheckBox>(u"Check%1"_s.arg(i))->click();
+    }
+    QCOMPARE(fixture.picture()->drawing(), before); // nothing is redrawn yet
+    QCOMPARE(fixture.program.biorhythm.showFlags(), (ShowFlags{true, true, true, true, true}));
+
+    fixture.child<QPushButton>(u"Command1"_s)->click();
+    const Drawing& after = fixture.picture()->drawing();
+    QCOMPARE(count<FilledBox>(after), 0);
+    QCOMPARE(count<Curve>(after), 0);
+    QCOMPARE(count<Line>(after), 1 + 41 + 3);
+    QCOMPARE(count<Text>(after), 40);
+    QCOMPARE(fixture.helpText(), generalHelp());
+}
+
+void TestFGrph::checkBoxTexts_data() {
+    QTest::addColumn<QString>("check");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<QString>("toolTip");
+    QTest::addColumn<QString>("help");
+    QTest::newRow("1")
+        << u"Check1"_s << u"Fisico"_s << u"Abilita/Disabilita il disegno dello stato fisico"_s
+        << u"--> La curva fisica rappresenta lo stato fisico della persona in esame."_s;
+    QTest::newRow("2")
+        << u"Check2"_s << u"Emotivo"_s << u"Abilita/Disabilita il disegno dello stato emotivo"_s
+        << u"--> La curva emotiva rappresenta lo stato emotivo della persona in esame."_s;
+    QTest::newRow("3")
+        << u"Check3"_s << u"Intellettivo"_s
+        << u"Abilita/Disabilita il disegno dello stato intellettivo"_s
+        << u"--> La curva intellettiva rappresenta lo stato intellettivo della persona in esame."_s;
+    QTest::newRow("4")
+        << u"Check4"_s << u"Media Energetica"_s
+        << u"Abilita/Disabilita il disegno della media energetica"_s
+        << u"--> La curva media traccia una media matematica delle altre tre curve."_s;
+    QTest::newRow("5")
+        << u"Check5"_s << u"Enchance"_s << QString()
+        << u"--> La modalità enchance visualizza a barre colorate lo stato del giorno. Il colore tende allo stato prevalente quel giorno, quindi una barra molto chiara fa presupporre un buono stato bioritmico."_s;
+}
+
+void TestFGrph::checkBoxTexts() {
+    QFETCH(QString, check);
+    QFETCH(QString, caption);
+    QFETCH(QString, toolTip);
+    QFETCH(QString, help);
+    const Fixture fixture;
+    auto* box = fixture.child<QCheckBox>(check);
+    QCOMPARE(box->text(), caption);
+    QCOMPARE(box->toolTip(), toolTip);
+    box->click();
+    QCOMPARE(
+        fixture.helpText(),
+        help +
+            u"\n\n--> Perchè i cambiamenti diventino definitivi nel grafico occorre premere il tasto Aggiorna."_s);
+}
+
+void TestFGrph::checkBoxesWearTheirColours() {
+    const Fixture fixture;
+    fixture.window->applyGraphOptions({.colours = {0x102030, 0x0000FF, 0x00FF00, 0xFFFFFF},
+                                       .graphDaysAdjust = 0,
+                                       .dayIndexPosition = 2});
+    const auto background = [&](int i) {
+        return fixture.child<QCheckBox>(u"Check%1"_s.arg(i))->palette().color(QPalette::Window);
+    };
+    QCOMPARE(background(1), QColor(0x30, 0x20, 0x10));
+    QCOMPARE(background(2), QColor(Qt::red));
+    QCOMPARE(background(3), QColor(Qt::green));
+    QCOMPARE(background(4), QColor(Qt::white));
+    const QImage image = fixture.child<QCheckBox>(u"Check2"_s)->grab().toImage();
+    QCOMPARE(image.pixelColor(image.width() - 2, image.height() / 2), QColor(Qt::red));
+}
+
+void TestFGrph::popupOfADay() {
+    Fixture fixture;
+    fixture.press(fixture.plot().x(20));
+    QCOMPARE(fixture.frame.popups.size(), std::size_t{1});
+    const DayPopup& popup = fixture.frame.popups[0];
+    QCOMPARE(popup.day, u"Giorno 15/03/2004"_s);
+    QCOMPARE(popup.physical, u"Fisico: -7"_s);
+    QCOMPARE(popup.emotional, u"Emotivo: -8"_s);
+    QCOMPARE(popup.intellectual, u"Intellettivo: -4"_s);
+    QCOMPARE(popup.mean, u"Media: -6"_s);
+}
+
+void TestFGrph::popupEnds() {
+    Fixture fixture;
+    const GraphPlot plot = fixture.plot();
+    fixture.press(plot.plotLeft);
+    fixture.press(plot.right());
+    fixture.press(2);
+    QVERIFY(fixture.frame.popups.empty());
+    fixture.press(plot.plotLeft + 1);
+    fixture.press(plot.right() - 1);
+    QCOMPARE(fixture.frame.popups.size(), std::size_t{2});
+    QCOMPARE(fixture.frame.popups[0].day, u"Giorno 24/02/2004"_s);
+    QCOMPARE(fixture.frame.popups[1].day, u"Giorno 04/04/2004"_s);
+}
+
+void TestFGrph::otherButtonsDoNothing() {
+    const Fixture fixture;
+    fixture.press(fixture.plot().x(20), Qt::LeftButton);
+    fixture.press(fixture.plot().x(20), Qt::MiddleButton);
+    QVERIFY(fixture.frame.calls.isEmpty());
+}
+
+void TestFGrph::theStartDayStaysFixed() {
+    Fixture fixture;
+    const GraphOptions wider{
+        .colours = defaultGraphOptions().colours, .graphDaysAdjust = 10, .dayIndexPosition = 2};
+    fixture.window->applyGraphOptions(wider);
+    setGraphOptions(fixture.program.biorhythm, wider); // as the dialog has done by then
+
+    // Dates and popup follow the new span ...
+    QCOMPARE(fixture.text(u"Text1"_s), u"lunedì 15 marzo 2004"_s);
+    QCOMPARE(fixture.text(u"Text2"_s), u"sabato 14 febbraio 2004"_s);
+    QCOMPARE(fixture.text(u"Text3"_s), u"mercoledì 14 aprile 2004"_s);
+    const GraphPlot plot = fixture.plot();
+    QCOMPARE(plot.daysAround, 30);
+    fixture.press(plot.x(30));
+    QCOMPARE(fixture.frame.popups.at(0).day, u"Giorno 15/03/2004"_s);
+    // ... while curves and values still count from the first day of the old one.
+    QCOMPARE(fixture.frame.popups.at(0).physical,
+             u"Fisico: "_s + QString::number(toTenScale(cycleValue(8096 + 30, Period::physical))));
+    QCOMPARE(curves(fixture.picture()->drawing(), 0xFF0000)[1].points[0],
+             QPoint(plot.x(0), plot.y(cycleValue(8096, Period::physical))));
+}
+
+void TestFGrph::optionsComeThroughTheDialog() {
+    const Fixture fixture;
+    fixture.window->SetOptions();
+    auto* dialog = fixture.window->findChild<FGrOpt*>();
+    QVERIFY(dialog != nullptr && dialog->isVisible());
+    dialog->findChild<QLineEdit*>(u"Text1"_s)->setText(u"5"_s);
+    dialog->findChild<QPushButton*>(u"Command1"_s)->click();
+    QCOMPARE(fixture.text(u"Text2"_s), u"mercoledì 10 marzo 2004"_s);
+    QCOMPARE(count<FilledBox>(fixture.picture()->drawing()), 10);
+    QVERIFY(fixture.program.state.modified);
+
+    // The next dialog starts from the window's values.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    fixture.window->SetOptions();
+    QCOMPARE(fixture.window->findChild<FGrOpt*>()->findChild<QLineEdit*>(u"Text1"_s)->text(),
+             u"5"_s);
+}
+
+void TestFGrph::damagedSpan() {
+    // A file may hold a span of less than a day: one day is shown, with that day's values.
+    Fixture fixture(-25);
+    QCOMPARE(fixture.text(u"Text2"_s), u"domenica 14 marzo 2004"_s);
+    QCOMPARE(count<FilledBox>(fixture.picture()->drawing()), 2);
+    fixture.press(fixture.plot().x(1));
+    QCOMPARE(fixture.frame.popups.at(0).physical, u"Fisico: -7"_s);
+}
+
+void TestFGrph::aSpanWiderThanThePicture() {
+    const Fixture fixture(32747);
+    QCOMPARE(fixture.plot().dayWidth, 0);
+    for (int x = 0; x < fixture.picture()->width(); ++x) {
+        fixture.press(x);
+    }
+    QVERIFY(fixture.frame.popups.empty());
+    const QImage image = fixture.picture()->grab().toImage();
+    QCOMPARE(image.pixelColor(image.width() - 1, image.height() - 1), QColor(Qt::white));
+}
+
+void TestFGrph::negativeDayCounts() {
+    Fixture fixture(0, {2004, 3, 15}, {2004, 3, 15});
+    fixture.press(fixture.plot().x(15));
+    const DayPopup& popup = fixture.frame.popups.at(0);
+    QCOMPARE(popup.day, u"Giorno 10/03/2004"_s);
+    QCOMPARE(popup.physical, u"Fisico: -10"_s);  // sin(-5 · 2π/23) = -0.979
+    QCOMPARE(popup.emotional, u"Emotivo: -9"_s); // sin(-5 · 2π/28) = -0.901
+    QCOMPARE(popup.intellectual, u"Intellettivo: -8"_s);
+    QCOMPARE(popup.mean, u"Media: -9"_s);
+}
+
+} // namespace quor::test

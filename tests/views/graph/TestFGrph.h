@@ -1,0 +1,26 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestFGrph : public Test {
+    Q_OBJECT
+
+  private slots:
+    void showsTheRecord();
+    void checkBoxesActOnAggiorna();
+    void checkBoxTexts_data();
+    void checkBoxTexts();
+    void checkBoxesWearTheirColours();
+    void popupOfADay();
+    void popupEnds();
+    void otherButtonsDoNothing();
+    void theStartDayStaysFixed();
+    void optionsComeThroughTheDialog();
+    void damagedSpan();
+    void aSpanWiderThanThePicture();
+    void negativeDayCounts();
+};
+
+} // namespace quor::test
