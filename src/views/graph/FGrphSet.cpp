@@ -12,6 +12,7 @@
 #include <QFontInfo>
 
 #include <algorithm>
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +40,14 @@ WeekTextSizes measure(const PictureBox& picture) {
     return sizes;
 }
 
+void giveOneWidth(std::initializer_list<QWidget*> widgets) {
+    const auto width = [](const QWidget* widget) { return widget->sizeHint().width(); };
+    const int widest = std::ranges::max(widgets | std::views::transform(width));
+    for (QWidget* widget : widgets) {
+        widget->setMinimumWidth(widest);
+    }
+}
+
 } // namespace
 
 FGrphSet::FGrphSet(Program& program, Frame& /*frame*/, QWidget* parent)
@@ -57,6 +66,7 @@ FGrphSet::FGrphSet(Program& program, Frame& /*frame*/, QWidget* parent)
     connect(m_ui->Command3, &QPushButton::clicked, this,
             [this] { ShowHelp(this, helpPath(u"2settimanale.html"_s)); });
     colourLegend();
+    alignWidths();
     m_ui->Command1->setFocus();
 }
 
@@ -82,8 +92,15 @@ void FGrphSet::applyWeeklyOptions(const WeeklyColours& colours) {
 void FGrphSet::changeEvent(QEvent* event) {
     ChildWindow::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::LocaleChange) {
+        alignWidths();
         redraw();
     }
+}
+
+/// One width for the buttons and one for the labels of the legend.
+void FGrphSet::alignWidths() {
+    giveOneWidth({m_ui->Command1, m_ui->Command2, m_ui->Command3});
+    giveOneWidth({m_ui->Label1_0, m_ui->Label1_1, m_ui->Label1_2});
 }
 
 PictureBox* FGrphSet::picture(WeekRow row) const {

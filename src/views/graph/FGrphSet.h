@@ -50,6 +50,7 @@ class FGrphSet : public ChildWindow {
     void redrawRow(WeekRow row);
     void fitFont(PictureBox* picture, const WeekPlot& plot) const;
     void colourLegend();
+    void alignWidths();
 
     Program& m_program;
     std::unique_ptr<Ui::FGrphSet> m_ui;
