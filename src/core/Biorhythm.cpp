@@ -12,7 +12,7 @@ GraphOptions defaultGraphOptions() {
             .dayIndexPosition = static_cast<std::uint8_t>(DayIndexPosition::centre)};
 }
 
-std::array<Colour, 3> defaultWeeklyColours() {
+WeeklyColours defaultWeeklyColours() {
     return {0x0000FF, 0x00FF00, 0x00FFFF};
 }
 
@@ -30,14 +30,23 @@ void setGraphOptions(Biorhythm& biorhythm, const GraphOptions& options) {
     biorhythm.dayIndexPosition = options.dayIndexPosition;
 }
 
+WeeklyColours weeklyColours(const Biorhythm& biorhythm) {
+    WeeklyColours colours;
+    std::copy_n(biorhythm.weeklyColours.begin(), colours.size(), colours.begin());
+    return colours;
+}
+
+void setWeeklyColours(Biorhythm& biorhythm, const WeeklyColours& colours) {
+    std::copy(colours.begin(), colours.end(), biorhythm.weeklyColours.begin());
+}
+
 std::int32_t daysAround(std::int16_t graphDaysAdjust) {
     return std::max(1, GRAPH_BASE_DAYS + graphDaysAdjust);
 }
 
 void resetDisplayOptions(Biorhythm& biorhythm) {
     setGraphOptions(biorhythm, defaultGraphOptions());
-    const auto weekly = defaultWeeklyColours();
-    std::copy(weekly.begin(), weekly.end(), biorhythm.weeklyColours.begin());
+    setWeeklyColours(biorhythm, defaultWeeklyColours());
 }
 
 void resetToStartUp(Program& program) {

@@ -100,11 +100,18 @@ struct GraphOptions {
 
 /// The graph options of a fresh biorhythm.
 [[nodiscard]] GraphOptions defaultGraphOptions();
-/// The colours of a fresh biorhythm's week: critical, stable, optimal.
-[[nodiscard]] std::array<Colour, 3> defaultWeeklyColours();
+
+/// The colours of a week's critical, stable and optimal days.
+using WeeklyColours = std::array<Colour, 3>;
+
+/// The colours of a fresh biorhythm's week.
+[[nodiscard]] WeeklyColours defaultWeeklyColours();
 
 [[nodiscard]] GraphOptions graphOptions(const Biorhythm& biorhythm);
 void setGraphOptions(Biorhythm& biorhythm, const GraphOptions& options);
+
+[[nodiscard]] WeeklyColours weeklyColours(const Biorhythm& biorhythm);
+void setWeeklyColours(Biorhythm& biorhythm, const WeeklyColours& colours);
 
 /// Days that a graph shows on each side of the calculation date. A stored value that gives less
 /// than one day, which only a damaged file holds, counts as one day.

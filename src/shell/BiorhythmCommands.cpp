@@ -3,15 +3,13 @@
 #include "shell/MDIForm1.h"
 
 #include "core/Clock.h"
+#include "core/DateEntry.h"
 #include "shell/FIns.h"
 #include "storage/BiorhythmFile.h"
-#include "toolkit/ChildWindow.h"
 #include "toolkit/FileDialogs.h"
 #include "toolkit/Messages.h"
-#include "views/graph/FGrph.h"
 
 #include <QDir>
-#include <QMdiSubWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -137,9 +135,7 @@ void MDIForm1::closeBiorhythm() {
         }
     }
     m_program.state.filePath.clear();
-    if (m_graph != nullptr) {
-        m_graph->closeWindow();
-    }
+    closeViews();
     m_program.biorhythm.birthDate = 0;
     m_program.biorhythm.calculationDate = 0;
     m_program.biorhythm.name.clear();
@@ -154,8 +150,7 @@ void MDIForm1::applyBiorhythm() {
     }
     setStatusPanel(StatusPanel::person, u"Nome: "_s + biorhythm.name);
     setStatusPanel(StatusPanel::birth, u"Data di nascita: "_s + shortDate(biorhythm.birthDate));
-    setStatusPanel(StatusPanel::calculation,
-                   u"Data in esame per il calcolo: "_s + shortDate(biorhythm.calculationDate));
+    showCalculationDate();
     for (const CommandInfo& info : commandTable()) {
         if (info.needs == Needs::biorhythm) {
             setCommandEnabled(info.command, true);
@@ -169,6 +164,36 @@ void MDIForm1::applyBiorhythm() {
     if (biorhythm.openGraph) {
         openGraph();
     }
+    if (biorhythm.openWeekly) {
+        openWeekly(u"Grafico settimanale di "_s + biorhythm.name);
+    }
+}
+
+void MDIForm1::moveCalculationDate() {
+    const QString typed =
+        askText(this,
+                u"Inserire la data di calcolo desiderata.\n"
+                "Un trucco: per la data di oggi, inserire semplicemente la parola 'oggi'."_s,
+                u"Inserimento"_s);
+    const auto date = acceptCalculationDate(typed);
+    if (!date) {
+        showError(this, u"La data inserita non è valida. Nessuna operazione eseguita."_s,
+                  u"Errore"_s);
+        return;
+    }
+    closeViews();
+    Biorhythm& biorhythm = m_program.biorhythm;
+    biorhythm.calculationDate = *date;
+    showCalculationDate();
+    showInformation(this, u"La nuova data di calcolo è stata inserita."_s,
+                    u"Operazione eseguita."_s);
+    biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
+    m_program.state.modified = true;
+}
+
+void MDIForm1::showCalculationDate() {
+    setStatusPanel(StatusPanel::calculation, u"Data in esame per il calcolo: "_s +
+                                                 shortDate(m_program.biorhythm.calculationDate));
 }
 
 } // namespace quor

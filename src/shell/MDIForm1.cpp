@@ -9,8 +9,8 @@
 #include "toolkit/Messages.h"
 #include "toolkit/SettingsStore.h"
 #include "toolkit/ShowHelp.h"
-#include "views/graph/FGrOpt.h"
 #include "views/graph/FGrph.h"
+#include "views/graph/FGrphSet.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -198,21 +198,19 @@ void MDIForm1::run(Command command) {
         askToCloseBiorhythm();
         break;
     case Command::mnuGrafico:
-        if (requireBiorhythm(u"il grafico"_s)) {
-            openGraph();
-        }
-        break;
     case Command::mnuStatoSettimanale:
-        requireBiorhythm(u"lo stato settimanale"_s);
-        break;
     case Command::mnuStatoOdierno:
-        requireBiorhythm(u"lo stato"_s);
-        break;
     case Command::mnuPrevisioni:
-        requireBiorhythm(u"il grafico"_s);
+        openView(command);
+        break;
+    case Command::mnuSpostaDataDiCalcolo:
+        moveCalculationDate();
         break;
     case Command::graphOptions:
         openGraphOptions();
+        break;
+    case Command::weeklyOptions:
+        openWeeklyOptions();
         break;
     case Command::mnuHlpCompleto:
         ShowHelp(this, helpPath());
@@ -270,39 +268,6 @@ void MDIForm1::showDayPopup(const DayPopup& popup, QPoint globalPosition) {
     setCaption(u"mnuPopInt"_s, popup.intellectual);
     setCaption(u"mnuPopMed"_s, popup.mean);
     m_popup->popup(globalPosition);
-}
-
-bool MDIForm1::requireBiorhythm(const QString& view) {
-    if (m_program.biorhythm.birthDate != 0) {
-        return true;
-    }
-    showError(
-        this,
-        u"Nessuna data è ancora stata inserita. Scegliere Calcola dal menu Bioritmi per avere "
-        "%1 del bioritmo desiderato."_s.arg(view),
-        u"Errore"_s);
-    return false;
-}
-
-void MDIForm1::openGraph() {
-    if (m_graph == nullptr) {
-        m_graph = new FGrph(m_program, *this);
-        connect(m_graph, &ChildWindow::closed, this, [this] { m_graph = nullptr; });
-    }
-    m_graph->setWindowTitle(u"Grafico di "_s + m_program.biorhythm.name);
-    showChild(m_graph);
-}
-
-/// The options button's own way to the graph options: the record's values, for the open graph.
-void MDIForm1::openGraphOptions() {
-    auto* dialog = new FGrOpt(m_program, this);
-    dialog->initialise(graphOptions(m_program.biorhythm));
-    connect(dialog, &FGrOpt::GraphOptionsChanged, this, [this](const GraphOptions& options) {
-        if (m_graph != nullptr) {
-            m_graph->applyGraphOptions(options);
-        }
-    });
-    dialog->open();
 }
 
 QList<QMdiSubWindow*> MDIForm1::children(bool minimised) const {

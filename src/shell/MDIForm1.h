@@ -17,6 +17,7 @@ class QToolBar;
 namespace quor {
 
 class FGrph;
+class FGrphSet;
 class FIns;
 class StatusLabel;
 
@@ -69,10 +70,15 @@ class MDIForm1 : public QMainWindow, public Frame {
     [[nodiscard]] QAction* action(Command command) const;
 
     void openFile(const QString& path);
+    // The views of the current biorhythm and their options (BiorhythmViews.cpp).
+    /// One of the four view commands, refused with its message while there is no person.
+    void openView(Command command);
     void openGraph();
+    void openWeekly(const QString& title);
+    void closeViews();
     void openGraphOptions();
-    /// A view needs a person. @return whether there is one; if not, the message is shown
-    bool requireBiorhythm(const QString& view);
+    void openWeeklyOptions();
+
     void arrangeChildren(Command command);
     [[nodiscard]] QList<QMdiSubWindow*> children(bool minimised) const;
 
@@ -82,6 +88,8 @@ class MDIForm1 : public QMainWindow, public Frame {
     void saveBiorhythm();
     void saveBiorhythmAs();
     void askToCloseBiorhythm();
+    void moveCalculationDate();
+    void showCalculationDate();
     [[nodiscard]] bool closedCurrentBiorhythm();
 
     void quit();
@@ -94,7 +102,9 @@ class MDIForm1 : public QMainWindow, public Frame {
     std::array<QAction*, 20> m_tools{};
     std::array<StatusLabel*, 3> m_panels{};
     QMenu* m_popup = nullptr; ///< mnuPopUp
+    // Each view of the biorhythm exists once; null while it is closed.
     QPointer<FGrph> m_graph;
+    QPointer<FGrphSet> m_weekly;
     QPointer<FIns> m_newBiorhythm;
     /// The answer to the last question whether to close the biorhythm.
     Answer m_closeAnswer = Answer::yes;

@@ -24,6 +24,12 @@ int PictureBox::textHeight() const {
     return QFontMetrics(font()).height();
 }
 
+int PictureBox::textWidth(const QString& text, bool bold) const {
+    QFont textFont = font();
+    textFont.setBold(bold || textFont.bold());
+    return QFontMetrics(textFont).horizontalAdvance(text);
+}
+
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
     const QSize wanted = (QSizeF(size()) * devicePixelRatioF()).toSize();
     if (m_sheet.size() != wanted) {

@@ -20,6 +20,8 @@ class PictureBox : public QWidget {
 
     /// Height in pixels of a line of text in the picture's font.
     [[nodiscard]] int textHeight() const;
+    /// Width in pixels of a text in the picture's font, or in its bold cut.
+    [[nodiscard]] int textWidth(const QString& text, bool bold = false) const;
 
   signals:
     void resized();

@@ -1,7 +1,7 @@
-"""Works out, from the written formulas alone, what a graph must hold, and prints it as the text file
-that the test of the drawing reads.
+"""Works out, from the written formulas alone, what a graph must hold, and writes it to
+graph_reference.txt, which the test of the drawing reads.
 
-Usage: graph_reference.py > graph_reference.txt
+Usage: graph_reference.py [--check]    --check compares with the file and writes nothing
 
 Each line is one primitive:
   box LEFT TOP RIGHT BOTTOM COLOUR
@@ -13,7 +13,10 @@ Colours are 0x00BBGGRR in decimal. Python's round() goes to the even number on a
 
 import datetime
 import math
+import pathlib
+import sys
 
+REFERENCE = pathlib.Path(__file__).with_name("graph_reference.txt")
 TWO_PI = 6.28318530717958
 
 
@@ -83,7 +86,17 @@ def primitives(birth, date, around, width, height, position, text_height, show):
     yield f"line {x(0)} {top} {x(2 * around)} {top} 0 2"
 
 
-for name, birth, date, around, width, height, position, text_height, show in cases():
-    print(f"case {name}|{birth}|{date}|{around}|{width}|{height}|{position}|{text_height}|{show}")
-    for primitive in primitives(birth, date, around, width, height, position, text_height, show):
-        print(primitive)
+def reference() -> str:
+    lines = []
+    for name, *case in cases():
+        lines.append("case " + "|".join(map(str, [name, *case])))
+        lines.extend(primitives(*case))
+    return "\n".join(lines) + "\n"
+
+
+if __name__ == "__main__":
+    if sys.argv[1:] == ["--check"]:
+        same = REFERENCE.read_text(encoding="utf-8") == reference()
+        print("graph_reference.txt is", "as computed" if same else "not what the formulas give")
+        sys.exit(0 if same else 1)
+    REFERENCE.write_text(reference(), encoding="utf-8")

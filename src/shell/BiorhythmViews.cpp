@@ -1,0 +1,111 @@
+// The four views of the current biorhythm, each made on first use, and the dialogs for their
+// options.
+
+#include "shell/MDIForm1.h"
+
+#include "toolkit/ChildWindow.h"
+#include "toolkit/Messages.h"
+#include "views/graph/FGrOpt.h"
+#include "views/graph/FGrSetOpt.h"
+#include "views/graph/FGrph.h"
+#include "views/graph/FGrphSet.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+/// What a view command would have given, as its refusal says it.
+QString wanted(Command command) {
+    switch (command) {
+    case Command::mnuStatoSettimanale:
+        return u"lo stato settimanale"_s;
+    case Command::mnuStatoOdierno:
+        return u"lo stato"_s;
+    default:
+        return u"il grafico"_s;
+    }
+}
+
+/// Makes the view unless it is there; the pointer is null again once it has closed.
+template<typename View, typename Make>
+View* ensure(QPointer<View>& view, QObject* owner, Make make) {
+    if (view == nullptr) {
+        view = make();
+        QObject::connect(view, &ChildWindow::closed, owner, [&view] { view = nullptr; });
+    }
+    return view;
+}
+
+template<typename View> void closeIfOpen(const QPointer<View>& view) {
+    if (view != nullptr) {
+        view->closeWindow();
+    }
+}
+
+} // namespace
+
+void MDIForm1::openView(Command command) {
+    const QString& name = m_program.biorhythm.name;
+    if (m_program.biorhythm.birthDate == 0) {
+        showError(this,
+                  u"Nessuna data è ancora stata inserita. Scegliere Calcola dal menu Bioritmi per "
+                  "avere %1 del bioritmo desiderato."_s.arg(wanted(command)),
+                  u"Errore"_s);
+        return;
+    }
+    switch (command) {
+    case Command::mnuGrafico:
+        openGraph();
+        break;
+    case Command::mnuStatoSettimanale:
+        openWeekly(u"Stato settimanale di "_s + name);
+        break;
+    default:
+        break;
+    }
+}
+
+void MDIForm1::openGraph() {
+    FGrph* view = ensure(m_graph, this, [this] { return new FGrph(m_program, *this); });
+    view->setWindowTitle(u"Grafico di "_s + m_program.biorhythm.name);
+    showChild(view);
+}
+
+void MDIForm1::openWeekly(const QString& title) {
+    FGrphSet* view = ensure(m_weekly, this, [this] { return new FGrphSet(m_program, *this); });
+    view->setWindowTitle(title);
+    showChild(view);
+}
+
+void MDIForm1::closeViews() {
+    closeIfOpen(m_graph);
+    closeIfOpen(m_weekly);
+}
+
+/// The options button's own way to the graph options: the record's values, for the open graph.
+void MDIForm1::openGraphOptions() {
+    auto* dialog = new FGrOpt(m_program, this);
+    dialog->initialise(graphOptions(m_program.biorhythm));
+    connect(dialog, &FGrOpt::GraphOptionsChanged, this, [this](const GraphOptions& options) {
+        if (m_graph != nullptr) {
+            m_graph->applyGraphOptions(options);
+        }
+    });
+    dialog->open();
+}
+
+/// The same for the week.
+void MDIForm1::openWeeklyOptions() {
+    auto* dialog = new FGrSetOpt(m_program, this);
+    dialog->initialise(weeklyColours(m_program.biorhythm));
+    connect(dialog, &FGrSetOpt::WeeklyOptionsChanged, this, [this](const WeeklyColours& colours) {
+        if (m_weekly != nullptr) {
+            m_weekly->applyWeeklyOptions(colours);
+        }
+    });
+    dialog->open();
+}
+
+} // namespace quor

@@ -1,0 +1,155 @@
+#include "views/graph/FGrphSet.h"
+
+#include "toolkit/DrawingPainter.h"
+#include "toolkit/PictureBox.h"
+#include "toolkit/ShowHelp.h"
+#include "views/graph/FGrSetOpt.h"
+#include "views/graph/WeekDrawing.h"
+
+#include "ui_FGrphSet.h"
+
+#include <QEvent>
+#include <QFontInfo>
+
+#include <algorithm>
+#include <ranges>
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+/// Points. Below this a text is no longer worth reading.
+constexpr double smallestFont = 6;
+constexpr double fontStep = 0.5;
+
+/// The sizes of a row's texts in the picture's font. The label is the longest of the four, so that
+/// all rows come to one font.
+WeekTextSizes measure(const PictureBox& picture) {
+    WeekTextSizes sizes;
+    sizes.height = picture.textHeight();
+    for (const WeekRow row : weekRows) {
+        sizes.label = std::max(sizes.label, picture.textWidth(rowLabel(row), true));
+    }
+    int weekday = 1;
+    for (int& width : sizes.names) {
+        width = picture.textWidth(weekdayName(weekday));
+        ++weekday;
+    }
+    return sizes;
+}
+
+void giveOneWidth(std::initializer_list<QWidget*> widgets) {
+    const auto width = [](const QWidget* widget) { return widget->sizeHint().width(); };
+    const int widest = std::ranges::max(widgets | std::views::transform(width));
+    for (QWidget* widget : widgets) {
+        widget->setMinimumWidth(widest);
+    }
+}
+
+} // namespace
+
+FGrphSet::FGrphSet(Program& program, Frame& /*frame*/, QWidget* parent)
+    : ChildWindow(parent)
+    , m_program(program)
+    , m_ui(std::make_unique<Ui::FGrphSet>())
+    , m_week(weekOf(program.biorhythm))
+    , m_colours(weeklyColours(program.biorhythm)) {
+    m_ui->setupUi(this);
+    m_pictures = {m_ui->Picture1_0, m_ui->Picture1_1, m_ui->Picture1_2, m_ui->Picture1_3};
+    for (const WeekRow row : weekRows) {
+        connect(picture(row), &PictureBox::resized, this, [this, row] { redrawRow(row); });
+    }
+    connect(m_ui->Command1, &QPushButton::clicked, this, &FGrphSet::closeWindow);
+    connect(m_ui->Command2, &QPushButton::clicked, this, &FGrphSet::SetOptions);
+    connect(m_ui->Command3, &QPushButton::clicked, this,
+            [this] { ShowHelp(this, helpPath(u"2settimanale.html"_s)); });
+    colourLegend();
+    alignWidths();
+    m_ui->Command1->setFocus();
+}
+
+FGrphSet::~FGrphSet() = default;
+
+QSize FGrphSet::sizeHint() const {
+    return QWidget::sizeHint().expandedTo({980, 560});
+}
+
+void FGrphSet::SetOptions() {
+    auto* dialog = new FGrSetOpt(m_program, this);
+    dialog->initialise(m_colours);
+    connect(dialog, &FGrSetOpt::WeeklyOptionsChanged, this, &FGrphSet::applyWeeklyOptions);
+    dialog->open();
+}
+
+void FGrphSet::applyWeeklyOptions(const WeeklyColours& colours) {
+    m_colours = colours;
+    colourLegend();
+    redraw();
+}
+
+void FGrphSet::changeEvent(QEvent* event) {
+    ChildWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::LocaleChange) {
+        alignWidths();
+        redraw();
+    }
+}
+
+/// One width for the buttons and one for the labels of the legend.
+void FGrphSet::alignWidths() {
+    giveOneWidth({m_ui->Command1, m_ui->Command2, m_ui->Command3});
+    giveOneWidth({m_ui->Label1_0, m_ui->Label1_1, m_ui->Label1_2});
+}
+
+PictureBox* FGrphSet::picture(WeekRow row) const {
+    return m_pictures.at(static_cast<std::size_t>(row));
+}
+
+void FGrphSet::redraw() {
+    for (const WeekRow row : weekRows) {
+        redrawRow(row);
+    }
+}
+
+void FGrphSet::redrawRow(WeekRow row) {
+    PictureBox* box = picture(row);
+    const WeekPlot plot = layOutWeek(box->size());
+    fitFont(box, plot);
+    const WeekStyle style{.colours = m_colours,
+                          .weekday = m_week.weekday,
+                          .labelWidth = box->textWidth(rowLabel(row), true)};
+    box->setDrawing(drawWeekRow(m_week.weekStartDayCount, row, plot, style));
+}
+
+/// Gives a picture the window's font, or the largest smaller one in which the label and the names
+/// of the weekdays do not run into each other.
+void FGrphSet::fitFont(PictureBox* picture, const WeekPlot& plot) const {
+    picture->setFont(font());
+    double size = QFontInfo(font()).pointSizeF();
+    while (!textsFit(plot, measure(*picture)) && size - fontStep >= smallestFont) {
+        size -= fontStep;
+        QFont smaller = font();
+        smaller.setPointSizeF(size);
+        picture->setFont(smaller);
+    }
+}
+
+/// Each label of the legend wears the colour that it explains.
+void FGrphSet::colourLegend() {
+    const auto wear = [this](QLabel* label, DayState state) {
+        const QColor background = toQColor(m_colours.at(static_cast<std::size_t>(state)));
+        QPalette palette = label->palette();
+        palette.setColor(QPalette::Window, background);
+        palette.setColor(QPalette::WindowText, readableOn(background));
+        label->setPalette(palette);
+        label->setBackgroundRole(QPalette::Window);
+        label->setAutoFillBackground(true);
+    };
+    wear(m_ui->Label1_0, DayState::optimal);
+    wear(m_ui->Label1_1, DayState::stable);
+    wear(m_ui->Label1_2, DayState::critical);
+}
+
+} // namespace quor

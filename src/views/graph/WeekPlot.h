@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QSize>
+
+#include <array>
+
+namespace quor {
+
+/// Days from Monday to Sunday.
+inline constexpr int daysInWeek = 7;
+
+/// Where one row of the weekly state lies in its picture, in pixels.
+struct WeekPlot {
+    QSize picture;         ///< outer size of the picture
+    int weekLeft = 0;      ///< x of Monday's left edge
+    int weekBaseline = 0;  ///< y of value 0
+    int cellWidth = 0;     ///< width of a day, 0 or more
+    int weekAmplitude = 0; ///< pixels for value 1, 0 or more
+
+    /// @param days since the start of Monday, in halves
+    [[nodiscard]] int x(double days) const;
+    [[nodiscard]] int right() const { return weekLeft + daysInWeek * cellWidth; }
+    /// @param value in [-1, 1]
+    [[nodiscard]] int y(double value) const;
+    [[nodiscard]] int top() const { return weekBaseline - weekAmplitude; }
+    /// The lower end of the bars and the upper edge of the line of text below them.
+    [[nodiscard]] int bottom() const { return weekBaseline + weekAmplitude; }
+
+    friend bool operator==(const WeekPlot&, const WeekPlot&) = default;
+};
+
+/// The plot in a picture: a margin of a fortieth of the width and of the height all round, and
+/// below and to the right a reserve of 200 twips for the line of text. A twip is a fifteenth of a
+/// pixel whatever the screen (1440 to the inch, 96 pixels to the inch), so that a row has one
+/// geometry on the screen, in a saved picture and on paper. A picture too small for its margins
+/// gets bars without a size.
+/// @param picture outer size in pixels
+[[nodiscard]] WeekPlot layOutWeek(QSize picture);
+
+/// How wide the texts of a row are in pixels.
+struct WeekTextSizes {
+    int height = 0; ///< of the line of text
+    int label = 0;
+    std::array<int, daysInWeek> names{}; ///< of the weekdays, Monday first
+};
+
+/// x at which a label of a width stands in the middle of the picture.
+[[nodiscard]] int labelLeft(const WeekPlot& plot, int labelWidth);
+
+/// The label and the names of the weekdays share one line. True when they fit into it: no text
+/// touches the one beside it and none is cut off below.
+[[nodiscard]] bool textsFit(const WeekPlot& plot, const WeekTextSizes& sizes);
+
+} // namespace quor

@@ -1,0 +1,730 @@
+// Written by week_reference.py; do not edit.
+#pragma once
+
+namespace quor::test {
+
+// clang-format off
+inline constexpr const char* weekReference_0_0 = R"(
+case 1981-12-25 2004-03-17 0 963 124 60
+box 24 49 88 78 00ff00
+box 88 49 153 74 00ff00
+box 153 49 218 69 00ff00
+box 218 49 282 65 00ff00
+box 282 49 346 60 0000ff
+box 346 49 411 55 0000ff
+box 411 49 476 50 0000ff
+box 476 44 540 49 0000ff
+box 540 39 604 49 0000ff
+box 604 34 669 49 00ff00
+box 669 29 734 49 00ff00
+box 734 25 798 49 00ff00
+box 798 21 862 49 00ff00
+box 862 17 927 49 00ff00
+text 452 95 bold MEDIA
+line 24 49 927 49 000000 1
+line 24 3 24 95 969696 1
+text 24 95 plain lun
+line 153 3 153 95 969696 1
+text 153 95 plain mar
+line 282 3 282 95 969696 1
+text 282 95 plain mer
+line 411 3 411 95 969696 1
+text 411 95 plain gio
+line 540 3 540 95 969696 1
+text 540 95 plain ven
+line 669 3 669 95 969696 1
+text 669 95 plain sab
+line 798 3 798 95 969696 1
+text 798 95 plain dom
+line 24 3 927 3 000000 2
+line 24 95 927 95 000000 2
+frame 282 3 411 95 ff0000 2
+)";
+inline constexpr const char* weekReference_0_1 = R"(
+case 1981-12-25 2004-03-17 1 963 124 60
+box 24 49 88 83 00ff00
+box 88 49 153 78 00ff00
+box 153 49 218 73 00ff00
+box 218 49 282 67 00ff00
+box 282 49 346 61 0000ff
+box 346 49 411 55 0000ff
+box 411 49 476 49 0000ff
+box 476 43 540 49 0000ff
+box 540 37 604 49 0000ff
+box 604 31 669 49 00ff00
+box 669 25 734 49 00ff00
+box 734 20 798 49 00ff00
+box 798 15 862 49 00ff00
+box 862 11 927 49 00ffff
+text 452 95 bold FISICO
+line 24 49 927 49 000000 1
+line 24 3 24 95 969696 1
+text 24 95 plain lun
+line 153 3 153 95 969696 1
+text 153 95 plain mar
+line 282 3 282 95 969696 1
+text 282 95 plain mer
+line 411 3 411 95 969696 1
+text 411 95 plain gio
+line 540 3 540 95 969696 1
+text 540 95 plain ven
+line 669 3 669 95 969696 1
+text 669 95 plain sab
+line 798 3 798 95 969696 1
+text 798 95 plain dom
+line 24 3 927 3 000000 2
+line 24 95 927 95 000000 2
+frame 282 3 411 95 ff0000 2
+)";
+inline constexpr const char* weekReference_0_2 = R"(
+case 1981-12-25 2004-03-17 2 963 124 60
+box 24 49 88 85 00ff00
+box 88 49 153 82 00ff00
+box 153 49 218 78 00ff00
+box 218 49 282 73 00ff00
+box 282 49 346 69 00ff00
+box 346 49 411 64 00ff00
+box 411 49 476 59 0000ff
+box 476 49 540 54 0000ff
+box 540 49 604 49 0000ff
+box 604 44 669 49 0000ff
+box 669 39 734 49 0000ff
+box 734 34 798 49 00ff00
+box 798 29 862 49 00ff00
+box 862 25 927 49 00ff00
+text 452 95 bold EMOTIVO
+line 24 49 927 49 000000 1
+line 24 3 24 95 969696 1
+text 24 95 plain lun
+line 153 3 153 95 969696 1
+text 153 95 plain mar
+line 282 3 282 95 969696 1
+text 282 95 plain mer
+line 411 3 411 95 969696 1
+text 411 95 plain gio
+line 540 3 540 95 969696 1
+text 540 95 plain ven
+line 669 3 669 95 969696 1
+text 669 95 plain sab
+line 798 3 798 95 969696 1
+text 798 95 plain dom
+line 24 3 927 3 000000 2
+line 24 95 927 95 000000 2
+frame 282 3 411 95 ff0000 2
+)";
+inline constexpr const char* weekReference_0_3 = R"(
+case 1981-12-25 2004-03-17 3 963 124 60
+box 24 49 88 66 00ff00
+box 88 49 153 62 0000ff
+box 153 49 218 58 0000ff
+box 218 49 282 53 0000ff
+box 282 49 346 49 0000ff
+box 346 45 411 49 0000ff
+box 411 40 476 49 0000ff
+box 476 36 540 49 0000ff
+box 540 32 604 49 00ff00
+box 604 28 669 49 00ff00
+box 669 24 734 49 00ff00
+box 734 21 798 49 00ff00
+box 798 17 862 49 00ff00
+box 862 14 927 49 00ff00
+text 452 95 bold INTELLETTIVO
+line 24 49 927 49 000000 1
+line 24 3 24 95 969696 1
+text 24 95 plain lun
+line 153 3 153 95 969696 1
+text 153 95 plain mar
+line 282 3 282 95 969696 1
+text 282 95 plain mer
+line 411 3 411 95 969696 1
+text 411 95 plain gio
+line 540 3 540 95 969696 1
+text 540 95 plain ven
+line 669 3 669 95 969696 1
+text 669 95 plain sab
+line 798 3 798 95 969696 1
+text 798 95 plain dom
+line 24 3 927 3 000000 2
+line 24 95 927 95 000000 2
+frame 282 3 411 95 ff0000 2
+)";
+inline constexpr const char* weekReference_1_0 = R"(
+case 1981-12-25 2004-03-15 0 640 200 75
+box 16 87 58 139 00ff00
+box 58 87 101 131 00ff00
+box 101 87 144 123 00ff00
+box 144 87 186 115 00ff00
+box 186 87 228 106 0000ff
+box 228 87 271 97 0000ff
+box 271 87 314 88 0000ff
+box 314 79 356 87 0000ff
+box 356 69 398 87 0000ff
+box 398 61 441 87 00ff00
+box 441 52 484 87 00ff00
+box 484 44 526 87 00ff00
+box 526 36 568 87 00ff00
+box 568 29 611 87 00ff00
+text 282 169 bold MEDIA
+line 16 87 611 87 000000 1
+line 16 5 16 169 969696 1
+text 16 169 plain lun
+line 101 5 101 169 969696 1
+text 101 169 plain mar
+line 186 5 186 169 969696 1
+text 186 169 plain mer
+line 271 5 271 169 969696 1
+text 271 169 plain gio
+line 356 5 356 169 969696 1
+text 356 169 plain ven
+line 441 5 441 169 969696 1
+text 441 169 plain sab
+line 526 5 526 169 969696 1
+text 526 169 plain dom
+line 16 5 611 5 000000 2
+line 16 169 611 169 000000 2
+frame 16 5 101 169 ff0000 2
+)";
+inline constexpr const char* weekReference_1_1 = R"(
+case 1981-12-25 2004-03-15 1 640 200 75
+box 16 87 58 147 00ff00
+box 58 87 101 139 00ff00
+box 101 87 144 130 00ff00
+box 144 87 186 120 00ff00
+box 186 87 228 109 0000ff
+box 228 87 271 98 0000ff
+box 271 87 314 87 0000ff
+box 314 76 356 87 0000ff
+box 356 65 398 87 0000ff
+box 398 54 441 87 00ff00
+box 441 44 484 87 00ff00
+box 484 35 526 87 00ff00
+box 526 27 568 87 00ff00
+box 568 20 611 87 00ffff
+text 282 169 bold FISICO
+line 16 87 611 87 000000 1
+line 16 5 16 169 969696 1
+text 16 169 plain lun
+line 101 5 101 169 969696 1
+text 101 169 plain mar
+line 186 5 186 169 969696 1
+text 186 169 plain mer
+line 271 5 271 169 969696 1
+text 271 169 plain gio
+line 356 5 356 169 969696 1
+text 356 169 plain ven
+line 441 5 441 169 969696 1
+text 441 169 plain sab
+line 526 5 526 169 969696 1
+text 526 169 plain dom
+line 16 5 611 5 000000 2
+line 16 169 611 169 000000 2
+frame 16 5 101 169 ff0000 2
+)";
+inline constexpr const char* weekReference_1_2 = R"(
+case 1981-12-25 2004-03-15 2 640 200 75
+box 16 87 58 151 00ff00
+box 58 87 101 145 00ff00
+box 101 87 144 138 00ff00
+box 144 87 186 131 00ff00
+box 186 87 228 123 00ff00
+box 228 87 271 114 00ff00
+box 271 87 314 105 0000ff
+box 314 87 356 96 0000ff
+box 356 87 398 87 0000ff
+box 398 78 441 87 0000ff
+box 441 69 484 87 0000ff
+box 484 60 526 87 00ff00
+box 526 51 568 87 00ff00
+box 568 43 611 87 00ff00
+text 282 169 bold EMOTIVO
+line 16 87 611 87 000000 1
+line 16 5 16 169 969696 1
+text 16 169 plain lun
+line 101 5 101 169 969696 1
+text 101 169 plain mar
+line 186 5 186 169 969696 1
+text 186 169 plain mer
+line 271 5 271 169 969696 1
+text 271 169 plain gio
+line 356 5 356 169 969696 1
+text 356 169 plain ven
+line 441 5 441 169 969696 1
+text 441 169 plain sab
+line 526 5 526 169 969696 1
+text 526 169 plain dom
+line 16 5 611 5 000000 2
+line 16 169 611 169 000000 2
+frame 16 5 101 169 ff0000 2
+)";
+inline constexpr const char* weekReference_1_3 = R"(
+case 1981-12-25 2004-03-15 3 640 200 75
+box 16 87 58 117 00ff00
+box 58 87 101 110 0000ff
+box 101 87 144 103 0000ff
+box 144 87 186 95 0000ff
+box 186 87 228 87 0000ff
+box 228 79 271 87 0000ff
+box 271 71 314 87 0000ff
+box 314 64 356 87 0000ff
+box 356 57 398 87 00ff00
+box 398 49 441 87 00ff00
+box 441 43 484 87 00ff00
+box 484 36 526 87 00ff00
+box 526 30 568 87 00ff00
+box 568 25 611 87 00ff00
+text 282 169 bold INTELLETTIVO
+line 16 87 611 87 000000 1
+line 16 5 16 169 969696 1
+text 16 169 plain lun
+line 101 5 101 169 969696 1
+text 101 169 plain mar
+line 186 5 186 169 969696 1
+text 186 169 plain mer
+line 271 5 271 169 969696 1
+text 271 169 plain gio
+line 356 5 356 169 969696 1
+text 356 169 plain ven
+line 441 5 441 169 969696 1
+text 441 169 plain sab
+line 526 5 526 169 969696 1
+text 526 169 plain dom
+line 16 5 611 5 000000 2
+line 16 169 611 169 000000 2
+frame 16 5 101 169 ff0000 2
+)";
+inline constexpr const char* weekReference_2_0 = R"(
+case 1981-12-25 2004-03-21 0 500 131 51
+box 12 52 45 83 00ff00
+box 45 52 78 78 00ff00
+box 78 52 111 74 00ff00
+box 111 52 144 69 00ff00
+box 144 52 177 63 0000ff
+box 177 52 210 58 0000ff
+box 210 52 243 53 0000ff
+box 243 47 276 52 0000ff
+box 276 42 309 52 0000ff
+box 309 36 342 52 00ff00
+box 342 31 375 52 00ff00
+box 375 26 408 52 00ff00
+box 408 22 441 52 00ff00
+box 441 18 474 52 00ff00
+text 224 101 bold MEDIA
+line 12 52 474 52 000000 1
+line 12 3 12 101 969696 1
+text 12 101 plain lun
+line 78 3 78 101 969696 1
+text 78 101 plain mar
+line 144 3 144 101 969696 1
+text 144 101 plain mer
+line 210 3 210 101 969696 1
+text 210 101 plain gio
+line 276 3 276 101 969696 1
+text 276 101 plain ven
+line 342 3 342 101 969696 1
+text 342 101 plain sab
+line 408 3 408 101 969696 1
+text 408 101 plain dom
+line 12 3 474 3 000000 2
+line 12 101 474 101 000000 2
+frame 408 3 474 101 ff0000 2
+)";
+inline constexpr const char* weekReference_2_1 = R"(
+case 1981-12-25 2004-03-21 1 500 131 51
+box 12 52 45 88 00ff00
+box 45 52 78 83 00ff00
+box 78 52 111 77 00ff00
+box 111 52 144 72 00ff00
+box 144 52 177 65 0000ff
+box 177 52 210 59 0000ff
+box 210 52 243 52 0000ff
+box 243 45 276 52 0000ff
+box 276 39 309 52 0000ff
+box 309 32 342 52 00ff00
+box 342 27 375 52 00ff00
+box 375 21 408 52 00ff00
+box 408 16 441 52 00ff00
+box 441 12 474 52 00ffff
+text 224 101 bold FISICO
+line 12 52 474 52 000000 1
+line 12 3 12 101 969696 1
+text 12 101 plain lun
+line 78 3 78 101 969696 1
+text 78 101 plain mar
+line 144 3 144 101 969696 1
+text 144 101 plain mer
+line 210 3 210 101 969696 1
+text 210 101 plain gio
+line 276 3 276 101 969696 1
+text 276 101 plain ven
+line 342 3 342 101 969696 1
+text 342 101 plain sab
+line 408 3 408 101 969696 1
+text 408 101 plain dom
+line 12 3 474 3 000000 2
+line 12 101 474 101 000000 2
+frame 408 3 474 101 ff0000 2
+)";
+inline constexpr const char* weekReference_2_2 = R"(
+case 1981-12-25 2004-03-21 2 500 131 51
+box 12 52 45 90 00ff00
+box 45 52 78 87 00ff00
+box 78 52 111 83 00ff00
+box 111 52 144 78 00ff00
+box 144 52 177 73 00ff00
+box 177 52 210 68 00ff00
+box 210 52 243 63 0000ff
+box 243 52 276 57 0000ff
+box 276 52 309 52 0000ff
+box 309 47 342 52 0000ff
+box 342 41 375 52 0000ff
+box 375 36 408 52 00ff00
+box 408 31 441 52 00ff00
+box 441 26 474 52 00ff00
+text 224 101 bold EMOTIVO
+line 12 52 474 52 000000 1
+line 12 3 12 101 969696 1
+text 12 101 plain lun
+line 78 3 78 101 969696 1
+text 78 101 plain mar
+line 144 3 144 101 969696 1
+text 144 101 plain mer
+line 210 3 210 101 969696 1
+text 210 101 plain gio
+line 276 3 276 101 969696 1
+text 276 101 plain ven
+line 342 3 342 101 969696 1
+text 342 101 plain sab
+line 408 3 408 101 969696 1
+text 408 101 plain dom
+line 12 3 474 3 000000 2
+line 12 101 474 101 000000 2
+frame 408 3 474 101 ff0000 2
+)";
+inline constexpr const char* weekReference_2_3 = R"(
+case 1981-12-25 2004-03-21 3 500 131 51
+box 12 52 45 70 00ff00
+box 45 52 78 66 0000ff
+box 78 52 111 61 0000ff
+box 111 52 144 57 0000ff
+box 144 52 177 52 0000ff
+box 177 47 210 52 0000ff
+box 210 43 243 52 0000ff
+box 243 38 276 52 0000ff
+box 276 34 309 52 00ff00
+box 309 30 342 52 00ff00
+box 342 26 375 52 00ff00
+box 375 22 408 52 00ff00
+box 408 18 441 52 00ff00
+box 441 15 474 52 00ff00
+text 224 101 bold INTELLETTIVO
+line 12 52 474 52 000000 1
+line 12 3 12 101 969696 1
+text 12 101 plain lun
+line 78 3 78 101 969696 1
+text 78 101 plain mar
+line 144 3 144 101 969696 1
+text 144 101 plain mer
+line 210 3 210 101 969696 1
+text 210 101 plain gio
+line 276 3 276 101 969696 1
+text 276 101 plain ven
+line 342 3 342 101 969696 1
+text 342 101 plain sab
+line 408 3 408 101 969696 1
+text 408 101 plain dom
+line 12 3 474 3 000000 2
+line 12 101 474 101 000000 2
+frame 408 3 474 101 ff0000 2
+)";
+inline constexpr const char* weekReference_3_0 = R"(
+case 1981-12-25 1981-12-25 0 777 333 94
+box 19 153 71 267 00ff00
+box 71 153 123 257 00ff00
+box 123 153 175 245 00ff00
+box 175 153 227 231 00ff00
+box 227 153 279 217 00ff00
+box 279 153 331 202 00ff00
+box 331 153 383 186 0000ff
+box 383 153 435 170 0000ff
+box 435 153 487 153 0000ff
+box 487 136 539 153 0000ff
+box 539 120 591 153 0000ff
+box 591 104 643 153 00ff00
+box 643 89 695 153 00ff00
+box 695 75 747 153 00ff00
+text 342 298 bold MEDIA
+line 19 153 747 153 000000 1
+line 19 8 19 298 969696 1
+text 19 298 plain lun
+line 123 8 123 298 969696 1
+text 123 298 plain mar
+line 227 8 227 298 969696 1
+text 227 298 plain mer
+line 331 8 331 298 969696 1
+text 331 298 plain gio
+line 435 8 435 298 969696 1
+text 435 298 plain ven
+line 539 8 539 298 969696 1
+text 539 298 plain sab
+line 643 8 643 298 969696 1
+text 643 298 plain dom
+line 19 8 747 8 000000 2
+line 19 298 747 298 000000 2
+frame 435 8 539 298 ff0000 2
+)";
+inline constexpr const char* weekReference_3_1 = R"(
+case 1981-12-25 1981-12-25 1 777 333 94
+box 19 153 71 282 00ff00
+box 71 153 123 271 00ff00
+box 123 153 175 259 00ff00
+box 175 153 227 245 00ff00
+box 227 153 279 228 00ff00
+box 279 153 331 211 00ff00
+box 331 153 383 192 0000ff
+box 383 153 435 173 0000ff
+box 435 153 487 153 0000ff
+box 487 133 539 153 0000ff
+box 539 114 591 153 0000ff
+box 591 95 643 153 00ff00
+box 643 78 695 153 00ff00
+box 695 61 747 153 00ff00
+text 342 298 bold FISICO
+line 19 153 747 153 000000 1
+line 19 8 19 298 969696 1
+text 19 298 plain lun
+line 123 8 123 298 969696 1
+text 123 298 plain mar
+line 227 8 227 298 969696 1
+text 227 298 plain mer
+line 331 8 331 298 969696 1
+text 331 298 plain gio
+line 435 8 435 298 969696 1
+text 435 298 plain ven
+line 539 8 539 298 969696 1
+text 539 298 plain sab
+line 643 8 643 298 969696 1
+text 643 298 plain dom
+line 19 8 747 8 000000 2
+line 19 298 747 298 000000 2
+frame 435 8 539 298 ff0000 2
+)";
+inline constexpr const char* weekReference_3_2 = R"(
+case 1981-12-25 1981-12-25 2 777 333 94
+box 19 153 71 266 00ff00
+box 71 153 123 256 00ff00
+box 123 153 175 243 00ff00
+box 175 153 227 230 00ff00
+box 227 153 279 216 00ff00
+box 279 153 331 201 00ff00
+box 331 153 383 185 0000ff
+box 383 153 435 169 0000ff
+box 435 153 487 153 0000ff
+box 487 137 539 153 0000ff
+box 539 121 591 153 0000ff
+box 591 105 643 153 00ff00
+box 643 90 695 153 00ff00
+box 695 76 747 153 00ff00
+text 342 298 bold EMOTIVO
+line 19 153 747 153 000000 1
+line 19 8 19 298 969696 1
+text 19 298 plain lun
+line 123 8 123 298 969696 1
+text 123 298 plain mar
+line 227 8 227 298 969696 1
+text 227 298 plain mer
+line 331 8 331 298 969696 1
+text 331 298 plain gio
+line 435 8 435 298 969696 1
+text 435 298 plain ven
+line 539 8 539 298 969696 1
+text 539 298 plain sab
+line 643 8 643 298 969696 1
+text 643 298 plain dom
+line 19 8 747 8 000000 2
+line 19 298 747 298 000000 2
+frame 435 8 539 298 ff0000 2
+)";
+inline constexpr const char* weekReference_3_3 = R"(
+case 1981-12-25 1981-12-25 3 777 333 94
+box 19 153 71 253 00ff00
+box 71 153 123 243 00ff00
+box 123 153 175 231 00ff00
+box 175 153 227 219 00ff00
+box 227 153 279 207 00ff00
+box 279 153 331 194 0000ff
+box 331 153 383 180 0000ff
+box 383 153 435 167 0000ff
+box 435 153 487 153 0000ff
+box 487 139 539 153 0000ff
+box 539 126 591 153 0000ff
+box 591 112 643 153 0000ff
+box 643 99 695 153 00ff00
+box 695 87 747 153 00ff00
+text 342 298 bold INTELLETTIVO
+line 19 153 747 153 000000 1
+line 19 8 19 298 969696 1
+text 19 298 plain lun
+line 123 8 123 298 969696 1
+text 123 298 plain mar
+line 227 8 227 298 969696 1
+text 227 298 plain mer
+line 331 8 331 298 969696 1
+text 331 298 plain gio
+line 435 8 435 298 969696 1
+text 435 298 plain ven
+line 539 8 539 298 969696 1
+text 539 298 plain sab
+line 643 8 643 298 969696 1
+text 643 298 plain dom
+line 19 8 747 8 000000 2
+line 19 298 747 298 000000 2
+frame 435 8 539 298 ff0000 2
+)";
+inline constexpr const char* weekReference_4_0 = R"(
+case 1981-12-25 1981-09-30 0 1500 90 60
+box 38 22 139 32 00ff00
+box 139 22 240 32 00ff00
+box 240 21 341 32 00ff00
+box 341 20 442 32 00ff00
+box 442 20 543 32 00ff00
+box 543 20 644 32 00ff00
+box 644 20 745 32 00ff00
+box 745 21 846 32 00ff00
+box 846 21 947 32 00ff00
+box 947 22 1048 32 00ff00
+box 1048 23 1149 32 00ff00
+box 1149 24 1250 32 0000ff
+box 1250 25 1351 32 0000ff
+box 1351 26 1452 32 0000ff
+text 720 62 bold MEDIA
+line 38 32 1452 32 000000 1
+line 38 2 38 62 969696 1
+text 38 62 plain lun
+line 240 2 240 62 969696 1
+text 240 62 plain mar
+line 442 2 442 62 969696 1
+text 442 62 plain mer
+line 644 2 644 62 969696 1
+text 644 62 plain gio
+line 846 2 846 62 969696 1
+text 846 62 plain ven
+line 1048 2 1048 62 969696 1
+text 1048 62 plain sab
+line 1250 2 1250 62 969696 1
+text 1250 62 plain dom
+line 38 2 1452 2 000000 2
+line 38 62 1452 62 000000 2
+frame 442 2 644 62 ff0000 2
+)";
+inline constexpr const char* weekReference_4_1 = R"(
+case 1981-12-25 1981-09-30 1 1500 90 60
+box 38 5 139 32 00ffff
+box 139 4 240 32 00ffff
+box 240 3 341 32 00ffff
+box 341 2 442 32 00ffff
+box 442 2 543 32 00ffff
+box 543 3 644 32 00ffff
+box 644 4 745 32 00ffff
+box 745 5 846 32 00ffff
+box 846 7 947 32 00ffff
+box 947 10 1048 32 00ff00
+box 1048 13 1149 32 00ff00
+box 1149 16 1250 32 00ff00
+box 1250 20 1351 32 00ff00
+box 1351 24 1452 32 0000ff
+text 720 62 bold FISICO
+line 38 32 1452 32 000000 1
+line 38 2 38 62 969696 1
+text 38 62 plain lun
+line 240 2 240 62 969696 1
+text 240 62 plain mar
+line 442 2 442 62 969696 1
+text 442 62 plain mer
+line 644 2 644 62 969696 1
+text 644 62 plain gio
+line 846 2 846 62 969696 1
+text 846 62 plain ven
+line 1048 2 1048 62 969696 1
+text 1048 62 plain sab
+line 1250 2 1250 62 969696 1
+text 1250 62 plain dom
+line 38 2 1452 2 000000 2
+line 38 62 1452 62 000000 2
+frame 442 2 644 62 ff0000 2
+)";
+inline constexpr const char* weekReference_4_2 = R"(
+case 1981-12-25 1981-09-30 2 1500 90 60
+box 38 32 139 55 00ff00
+box 139 32 240 53 00ff00
+box 240 32 341 51 00ff00
+box 341 32 442 48 00ff00
+box 442 32 543 45 00ff00
+box 543 32 644 42 00ff00
+box 644 32 745 39 0000ff
+box 745 32 846 35 0000ff
+box 846 32 947 32 0000ff
+box 947 29 1048 32 0000ff
+box 1048 25 1149 32 0000ff
+box 1149 22 1250 32 00ff00
+box 1250 19 1351 32 00ff00
+box 1351 16 1452 32 00ff00
+text 720 62 bold EMOTIVO
+line 38 32 1452 32 000000 1
+line 38 2 38 62 969696 1
+text 38 62 plain lun
+line 240 2 240 62 969696 1
+text 240 62 plain mar
+line 442 2 442 62 969696 1
+text 442 62 plain mer
+line 644 2 644 62 969696 1
+text 644 62 plain gio
+line 846 2 846 62 969696 1
+text 846 62 plain ven
+line 1048 2 1048 62 969696 1
+text 1048 62 plain sab
+line 1250 2 1250 62 969696 1
+text 1250 62 plain dom
+line 38 2 1452 2 000000 2
+line 38 62 1452 62 000000 2
+frame 442 2 644 62 ff0000 2
+)";
+inline constexpr const char* weekReference_4_3 = R"(
+case 1981-12-25 1981-09-30 3 1500 90 60
+box 38 6 139 32 00ffff
+box 139 8 240 32 00ffff
+box 240 9 341 32 00ff00
+box 341 11 442 32 00ff00
+box 442 13 543 32 00ff00
+box 543 16 644 32 00ff00
+box 644 18 745 32 00ff00
+box 745 21 846 32 00ff00
+box 846 24 947 32 0000ff
+box 947 26 1048 32 0000ff
+box 1048 29 1149 32 0000ff
+box 1149 32 1250 32 0000ff
+box 1250 32 1351 35 0000ff
+box 1351 32 1452 38 0000ff
+text 720 62 bold INTELLETTIVO
+line 38 32 1452 32 000000 1
+line 38 2 38 62 969696 1
+text 38 62 plain lun
+line 240 2 240 62 969696 1
+text 240 62 plain mar
+line 442 2 442 62 969696 1
+text 442 62 plain mer
+line 644 2 644 62 969696 1
+text 644 62 plain gio
+line 846 2 846 62 969696 1
+text 846 62 plain ven
+line 1048 2 1048 62 969696 1
+text 1048 62 plain sab
+line 1250 2 1250 62 969696 1
+text 1250 62 plain dom
+line 38 2 1452 2 000000 2
+line 38 62 1452 62 000000 2
+frame 442 2 644 62 ff0000 2
+)";
+inline constexpr const char* weekReference[] = {weekReference_0_0, weekReference_0_1, weekReference_0_2, weekReference_0_3, weekReference_1_0, weekReference_1_1, weekReference_1_2, weekReference_1_3, weekReference_2_0, weekReference_2_1, weekReference_2_2, weekReference_2_3, weekReference_3_0, weekReference_3_1, weekReference_3_2, weekReference_3_3, weekReference_4_0, weekReference_4_1, weekReference_4_2, weekReference_4_3};
+// clang-format on
+
+} // namespace quor::test
