@@ -86,7 +86,7 @@ void StateBars::setState(const DayState& state,
 }
 
 QSize StateBars::sizeHint() const {
-    return hint(10);
+    return hint(12);
 }
 
 QSize StateBars::minimumSizeHint() const {
@@ -97,7 +97,7 @@ QSize StateBars::minimumSizeHint() const {
 QSize StateBars::hint(int lines) const {
     const QFontMetrics metrics(font());
     const StatePictureSizes own = sizes(1.0);
-    int column = own.arrowSize + 2 * (own.arrowSize + 2 * own.gap);
+    int column = own.arrowSize * 3 / 2 + 2 * (own.arrowSize + 2 * own.gap);
     for (const StateItem item : stateItems) {
         column = std::max(column, metrics.horizontalAdvance(caption(item)) + 2 * own.gap);
     }
@@ -119,25 +119,34 @@ StatePictureSizes StateBars::sizes(qreal ratio) const {
 
 void StateBars::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    // In pixels of the screen, so that lines and bars begin and end on whole ones at any scale.
+    paintPlot(painter);
+    paintTexts(painter);
+}
+
+/// Lines and bars, in pixels of the screen, so that they begin and end on whole ones at any scale.
+void StateBars::paintPlot(QPainter& painter) const {
     const qreal ratio = painter.deviceTransform().m11();
     const StatePlot plot = layOutState(sizes(ratio));
     const int lineWidth = std::max(1, toPixel(ratio));
+    const QRect area(plot.left, plot.topLine, plot.right() - plot.left,
+                     plot.bottomLine - plot.topLine);
     const QColor text = palette().color(QPalette::WindowText);
     const QColor paper = palette().color(QPalette::Base);
-
-    painter.scale(1 / ratio, 1 / ratio);
-    painter.fillRect(
-        QRect(plot.left, plot.topLine, plot.right() - plot.left, plot.bottomLine - plot.topLine),
-        paper);
-    const auto horizontal = [&](int y, const QColor& colour) {
-        painter.fillRect(QRect(plot.left, y, plot.right() - plot.left, lineWidth), colour);
-    };
     const QColor faint = between(between(text, paper), paper);
+
+    painter.save();
+    painter.scale(1 / ratio, 1 / ratio);
+    painter.fillRect(area, paper);
+    const auto horizontal = [&](int y, const QColor& colour) {
+        painter.fillRect(QRect(area.left(), y, area.width(), lineWidth), colour);
+    };
+    const auto vertical = [&](int x) {
+        painter.fillRect(QRect(x, area.top(), lineWidth, area.height()), faint);
+    };
     horizontal(plot.topLine, faint);
     horizontal(plot.bottomLine, faint);
-    painter.fillRect(QRect(plot.left, plot.topLine, lineWidth, plot.bottomLine - plot.topLine),
-                     faint);
+    vertical(area.left());
+    vertical(plot.right() - lineWidth);
     for (const StateItem item : stateItems) {
         const auto column = static_cast<std::size_t>(item);
         const QRect bar = plot.bar(column, m_state.value(item));
@@ -146,22 +155,24 @@ void StateBars::paintEvent(QPaintEvent* /*event*/) {
         }
     }
     horizontal(plot.zeroLine, text);
+    painter.restore();
+}
 
-    // Texts in the widget's own units, where the font has its size.
-    painter.resetTransform();
-    painter.setPen(text);
-    const StatePictureSizes ownUnits = sizes(1.0);
-    const StatePlot textPlot = layOutState(ownUnits);
+/// The numbers beside the lines and the captions, in the widget's own units, where the font has its
+/// size.
+void StateBars::paintTexts(QPainter& painter) const {
+    const StatePictureSizes own = sizes(1.0);
+    const StatePlot plot = layOutState(own);
+    painter.setPen(palette().color(QPalette::WindowText));
     const auto number = [&](int value, int y) {
-        const QRect area(0, y - ownUnits.textHeight, textPlot.left - ownUnits.gap,
-                         2 * ownUnits.textHeight);
+        const QRect area(0, y - own.textHeight, plot.left - own.gap, 2 * own.textHeight);
         painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter, QString::number(value));
     };
-    number(10, textPlot.topLine);
-    number(0, textPlot.zeroLine);
-    number(-10, textPlot.bottomLine);
+    number(10, plot.topLine);
+    number(0, plot.zeroLine);
+    number(-10, plot.bottomLine);
     for (const StateItem item : stateItems) {
-        painter.drawText(textPlot.caption(static_cast<std::size_t>(item)),
+        painter.drawText(plot.caption(static_cast<std::size_t>(item)),
                          Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip, caption(item));
     }
 }

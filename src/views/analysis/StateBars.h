@@ -35,6 +35,8 @@ class StateBars : public QWidget {
     /// The sizes of this picture, in units of which `ratio` make a pixel of the widget.
     [[nodiscard]] StatePictureSizes sizes(qreal ratio) const;
     [[nodiscard]] QSize hint(int lines) const;
+    void paintPlot(QPainter& painter) const;
+    void paintTexts(QPainter& painter) const;
     void placeArrows();
 
     DayState m_state;

@@ -7,7 +7,10 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -94,7 +97,6 @@ void TestFPrev::beforeTheBirth() {
 
 void TestFPrev::boxesAreReadOnlyAndCopyable() {
     FPrev window(personAt(8116));
-    window.show();
     for (int i = 1; i <= 6; ++i) {
         auto* box = window.findChild<QLineEdit*>(u"Text%1"_s.arg(i));
         const QString shown = box->text();
@@ -112,7 +114,7 @@ void TestFPrev::boxesAreReadOnlyAndCopyable() {
 void TestFPrev::longestDateFits() {
     FPrev window(personAt(8116));
     window.resize(window.minimumSizeHint());
-    window.show();
+    window.layout()->activate();
     for (const QString& name : {u"Text1"_s, u"Text2"_s, u"Text3"_s}) {
         const auto* box = window.findChild<QLineEdit*>(name);
         // What the style leaves inside the box, less the blank that the box keeps on either side.
@@ -162,14 +164,18 @@ void TestFPrev::labels() {
 }
 
 void TestFPrev::closes() {
+    QMdiArea area;
     const QPointer<FPrev> window = new FPrev(personAt(1));
+    const QPointer<QMdiSubWindow> frame = area.addSubWindow(window);
+    frame->setAttribute(Qt::WA_DeleteOnClose);
+    area.show();
     window->show();
     const QSignalSpy closed(window, &ChildWindow::closed);
     auto* button = window->findChild<QPushButton*>(u"Command1"_s);
     QCOMPARE(button->text(), u"&Chiudi"_s);
     button->click();
     QCOMPARE(closed.count(), 1);
-    QTRY_VERIFY(!window);
+    QTRY_VERIFY(!window && !frame);
 }
 
 void TestFPrev::helpOpensItsTopic() {

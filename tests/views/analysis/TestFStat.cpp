@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -77,7 +78,6 @@ void TestFStat::zeroCrossing() {
 
 void TestFStat::boxesAreReadOnlyAndCopyable() {
     FStat window(personAt(8116));
-    window.show();
     for (const QString& name : {u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s}) {
         auto* box = window.findChild<QLineEdit*>(name);
         const QString text = box->text();
@@ -185,7 +185,7 @@ void TestFStat::labelsBelongToTheirBoxes() {
 void TestFStat::fitsItsTexts() {
     FStat window(personAt(-7));
     window.resize(window.minimumSizeHint());
-    window.show();
+    window.layout()->activate();
     for (const auto* box : window.findChildren<QLineEdit*>()) {
         const int text = box->fontMetrics().horizontalAdvance(u"-10"_s);
         QVERIFY(box->width() >= text + 4);
