@@ -1,0 +1,35 @@
+#include "views/analysis/DayState.h"
+
+#include "core/Cycles.h"
+#include "core/Rounding.h"
+
+namespace quor {
+
+double DayState::value(StateItem item) const {
+    return today.at(static_cast<std::size_t>(item));
+}
+
+Trend DayState::trend(StateItem item) const {
+    const auto index = static_cast<std::size_t>(item);
+    return trendBetween(yesterday.at(index), today.at(index));
+}
+
+Trend trendBetween(double yesterday, double today) {
+    return yesterday - today > 0 ? Trend::falling : Trend::rising;
+}
+
+StateValues stateValues(std::int32_t dayCount) {
+    return {cycleValue(dayCount, Period::physical) * 10,
+            cycleValue(dayCount, Period::emotional) * 10,
+            cycleValue(dayCount, Period::intellectual) * 10, cycleMean(dayCount) * 10};
+}
+
+DayState dayState(std::int32_t dayCount) {
+    return {.today = stateValues(dayCount), .yesterday = stateValues(dayCount - 1)};
+}
+
+int shownValue(double value) {
+    return static_cast<int>(roundHalfEven(value));
+}
+
+} // namespace quor

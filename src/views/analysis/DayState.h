@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+/// The state of one day: the three cycles and their mean, and where each is heading.
+namespace quor {
+
+/// The four values of a day, in the order in which they are shown.
+enum class StateItem : std::uint8_t { physical, emotional, intellectual, mean };
+
+inline constexpr std::array stateItems{StateItem::physical, StateItem::emotional,
+                                       StateItem::intellectual, StateItem::mean};
+
+/// The values of a day by `StateItem`, each in [-10, 10] and not rounded.
+using StateValues = std::array<double, stateItems.size()>;
+
+enum class Trend : std::uint8_t { rising, falling };
+
+struct DayState {
+    StateValues today{};
+    StateValues yesterday{};
+
+    [[nodiscard]] double value(StateItem item) const;
+    [[nodiscard]] Trend trend(StateItem item) const;
+
+    friend bool operator==(const DayState&, const DayState&) = default;
+};
+
+/// Falling when the value is lower than the day before; one that stays the same counts as rising.
+[[nodiscard]] Trend trendBetween(double yesterday, double today);
+
+/// Each cycle value × 10 and their mean × 10.
+[[nodiscard]] StateValues stateValues(std::int32_t dayCount);
+
+/// One person's state.
+/// @param dayCount day count of the day whose state it is; above the smallest 32-bit integer
+[[nodiscard]] DayState dayState(std::int32_t dayCount);
+
+/// A value as it is shown: rounded, ties to even.
+/// @param value in [-10, 10]
+[[nodiscard]] int shownValue(double value);
+
+} // namespace quor

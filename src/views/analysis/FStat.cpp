@@ -1,0 +1,14 @@
+#include "views/analysis/FStat.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+FStat::FStat(const Program& program, QWidget* parent)
+    : DayStateWindow(dayState(program.biorhythm.daysAtGraphStart + GRAPH_BASE_DAYS),
+                     program.biorhythm, parent) {
+    setObjectName(u"FStat"_s);
+    setWindowTitle(u"Stato Odierno"_s);
+}
+
+} // namespace quor

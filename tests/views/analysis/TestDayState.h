@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QObject>
+
+namespace quor::test {
+
+class TestDayState : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void valuesAreTheFormulas();
+    void knownPerson();
+    void shownValueRoundsTiesToEven();
+    void zeroCrossingIsZeroAndRising();
+    void extremesReachTen();
+    void negativeDayCountsAreMirrored();
+    void trendIsFallingOnlyWhenLower();
+    void meanIsRoundedFromUnroundedValues();
+};
+
+} // namespace quor::test

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+
+namespace quor::test {
+
+class TestForecast : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void inversionStopsWhereTheSignChanges();
+    void inversionStopsAtZero();
+    void inversionStopsAfterZero();
+    void inversionIsNothingBeyondTheRange();
+    void extremesAreTheRoundedValues();
+    void rangeIncludesBothEnds();
+    void onePeriodHas63OfEach();
+    void waitsAreBoundedByOnePeriod();
+    void waitsAreBoundedOnBothSidesOfTheBirth();
+    void meanIsOddAndPeriodic();
+    void startsOnTheDayAfter();
+    void knownPerson();
+    void rowsHoldDatesAndDays();
+    void rowsKeepTheDayOfADateWithATime();
+    void rowsBeyondTheLastYear();
+    void rowsSayNever();
+};
+
+} // namespace quor::test
