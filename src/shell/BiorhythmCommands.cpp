@@ -167,6 +167,12 @@ void MDIForm1::applyBiorhythm() {
     if (biorhythm.openWeekly) {
         openWeekly(u"Grafico settimanale di "_s + biorhythm.name);
     }
+    if (biorhythm.openStatistics) {
+        openDayState(u"Statistiche di "_s + biorhythm.name);
+    }
+    if (biorhythm.openForecasts) {
+        openForecasts();
+    }
 }
 
 void MDIForm1::moveCalculationDate() {

@@ -5,6 +5,8 @@
 
 #include "toolkit/ChildWindow.h"
 #include "toolkit/Messages.h"
+#include "views/analysis/FPrev.h"
+#include "views/analysis/FStat.h"
 #include "views/graph/FGrOpt.h"
 #include "views/graph/FGrSetOpt.h"
 #include "views/graph/FGrph.h"
@@ -62,7 +64,11 @@ void MDIForm1::openView(Command command) {
     case Command::mnuStatoSettimanale:
         openWeekly(u"Stato settimanale di "_s + name);
         break;
+    case Command::mnuStatoOdierno:
+        openDayState(u"Stato del giorno di "_s + name);
+        break;
     default:
+        openForecasts();
         break;
     }
 }
@@ -74,14 +80,28 @@ void MDIForm1::openGraph() {
 }
 
 void MDIForm1::openWeekly(const QString& title) {
-    FGrphSet* view = ensure(m_weekly, this, [this] { return new FGrphSet(m_program, *this); });
+    FGrphSet* view = ensure(m_weekly, this, [this] { return new FGrphSet(m_program); });
     view->setWindowTitle(title);
+    showChild(view);
+}
+
+void MDIForm1::openDayState(const QString& title) {
+    FStat* view = ensure(m_dayState, this, [this] { return new FStat(m_program); });
+    view->setWindowTitle(title);
+    showChild(view);
+}
+
+void MDIForm1::openForecasts() {
+    FPrev* view = ensure(m_forecasts, this, [this] { return new FPrev(m_program); });
+    view->setWindowTitle(u"Previsioni di "_s + m_program.biorhythm.name);
     showChild(view);
 }
 
 void MDIForm1::closeViews() {
     closeIfOpen(m_graph);
     closeIfOpen(m_weekly);
+    closeIfOpen(m_dayState);
+    closeIfOpen(m_forecasts);
 }
 
 /// The options button's own way to the graph options: the record's values, for the open graph.

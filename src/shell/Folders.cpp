@@ -16,7 +16,7 @@ bool isInstalled(const QString& folder) {
 }
 
 QString homeOfUserFiles(const QString& programFolder) {
-    const QString folder = QDir::cleanPath(programFolder);
+    QString folder = QDir::cleanPath(programFolder);
     if (!isInstalled(folder) && QFileInfo(folder).isWritable()) {
         return folder;
     }

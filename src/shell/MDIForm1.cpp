@@ -9,6 +9,8 @@
 #include "toolkit/Messages.h"
 #include "toolkit/SettingsStore.h"
 #include "toolkit/ShowHelp.h"
+#include "views/analysis/FPrev.h"
+#include "views/analysis/FStat.h"
 #include "views/graph/FGrph.h"
 #include "views/graph/FGrphSet.h"
 

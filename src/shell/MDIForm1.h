@@ -19,6 +19,8 @@ namespace quor {
 class FGrph;
 class FGrphSet;
 class FIns;
+class FPrev;
+class FStat;
 class StatusLabel;
 
 /// The program's frame: menus, toolbar, status bar, and the views as windows inside it.
@@ -75,6 +77,8 @@ class MDIForm1 : public QMainWindow, public Frame {
     void openView(Command command);
     void openGraph();
     void openWeekly(const QString& title);
+    void openDayState(const QString& title);
+    void openForecasts();
     void closeViews();
     void openGraphOptions();
     void openWeeklyOptions();
@@ -105,6 +109,8 @@ class MDIForm1 : public QMainWindow, public Frame {
     // Each view of the biorhythm exists once; null while it is closed.
     QPointer<FGrph> m_graph;
     QPointer<FGrphSet> m_weekly;
+    QPointer<FStat> m_dayState;
+    QPointer<FPrev> m_forecasts;
     QPointer<FIns> m_newBiorhythm;
     /// The answer to the last question whether to close the biorhythm.
     Answer m_closeAnswer = Answer::yes;

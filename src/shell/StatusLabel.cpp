@@ -19,9 +19,9 @@ void StatusLabel::setFullText(const QString& text) {
     setToolTip(text.toHtmlEscaped());
 }
 
-void StatusLabel::paintEvent(QPaintEvent* event) {
-    QFrame::paintEvent(event);
+void StatusLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
+    drawFrame(&painter);
     const QRect area = contentsRect();
     style()->drawItemText(&painter, area, Qt::AlignVCenter | Qt::AlignLeft, palette(), isEnabled(),
                           fontMetrics().elidedText(text(), Qt::ElideRight, area.width()),

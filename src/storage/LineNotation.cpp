@@ -174,10 +174,10 @@ QByteArray LineReader::nextLine() {
 
 std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes) {
     QSaveFile file(path);
-    // Flushing is asked for by name: a commit that flushes a small file itself does not notice a disk
-    // that is full, and would put the cut file in the old one's place.
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
-                         && file.flush() && file.commit();
+    // Flushing is asked for by name: a commit that flushes a small file itself does not notice a
+    // disk that is full, and would put the cut file in the old one's place.
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
+                         file.flush() && file.commit();
     if (written) {
         return std::nullopt;
     }

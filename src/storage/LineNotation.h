@@ -51,8 +51,8 @@ class LineWriter {
 /// `maximumSkipped` bytes of such lines every later one counts as missing.
 class LineReader {
   public:
-    static constexpr qint64 maximumLine = 64 * 1024;
-    static constexpr qint64 maximumSkipped = 16 * 1024 * 1024;
+    static constexpr qint64 maximumLine = 64LL * 1024;
+    static constexpr qint64 maximumSkipped = 16LL * 1024 * 1024;
 
     /// The device stays the caller's. One that is not open has no lines.
     explicit LineReader(QIODevice& device);

@@ -9,8 +9,8 @@ namespace quor::test {
 
 namespace {
 
-/// Ends the test run at any warning, with its text. During a test function, Qt Test has a handler of
-/// its own; there the test's `init` sees to it.
+/// Ends the test run at any warning, with its text. During a test function, Qt Test has a handler
+/// of its own; there the test's `init` sees to it.
 void failOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
     std::fprintf(stderr, "%s\n", qPrintable(text));
     // Talk of the C library's character set at start is about the environment, which one run of
@@ -25,9 +25,8 @@ void failOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const 
 } // namespace
 
 Surroundings::Surroundings() {
-    for (const char* variable :
-         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME",
-          "XDG_RUNTIME_DIR"}) {
+    for (const char* variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME",
+                                 "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
         qputenv(variable, m_home.path().toLocal8Bit());
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -38,8 +37,7 @@ Surroundings::Surroundings() {
     QLocale::setDefault(QLocale(qEnvironmentVariable("QUOR_TEST_LOCALE", QStringLiteral("it_IT"))));
 }
 
-void Test::init()
-{
+void Test::init() {
     // What the offscreen platform says it cannot do is no fault of a window.
     QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support )")));
 }

@@ -27,8 +27,8 @@ double leadingNumber(const QString& text) {
     if (result.ec == std::errc::result_out_of_range) {
         // Beyond a double at one of its ends. Only a negative exponent leads to the small one.
         const std::string_view consumed(begin, result.ptr);
-        const bool tiny =
-            consumed.find("e-") != consumed.npos || consumed.find("E-") != consumed.npos;
+        const bool tiny = consumed.find("e-") != std::string_view::npos ||
+                          consumed.find("E-") != std::string_view::npos;
         return tiny ? 0 : std::numeric_limits<double>::infinity();
     }
     return number;

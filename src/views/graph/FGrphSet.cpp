@@ -12,7 +12,6 @@
 #include <QFontInfo>
 
 #include <algorithm>
-#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -41,8 +40,10 @@ WeekTextSizes measure(const PictureBox& picture) {
 }
 
 void giveOneWidth(std::initializer_list<QWidget*> widgets) {
-    const auto width = [](const QWidget* widget) { return widget->sizeHint().width(); };
-    const int widest = std::ranges::max(widgets | std::views::transform(width));
+    int widest = 0;
+    for (const QWidget* widget : widgets) {
+        widest = std::max(widest, widget->sizeHint().width());
+    }
     for (QWidget* widget : widgets) {
         widget->setMinimumWidth(widest);
     }
@@ -50,7 +51,7 @@ void giveOneWidth(std::initializer_list<QWidget*> widgets) {
 
 } // namespace
 
-FGrphSet::FGrphSet(Program& program, Frame& /*frame*/, QWidget* parent)
+FGrphSet::FGrphSet(Program& program, QWidget* parent)
     : ChildWindow(parent)
     , m_program(program)
     , m_ui(std::make_unique<Ui::FGrphSet>())
@@ -138,7 +139,7 @@ void FGrphSet::fitFont(PictureBox* picture, const WeekPlot& plot) const {
 
 /// Each label of the legend wears the colour that it explains.
 void FGrphSet::colourLegend() {
-    const auto wear = [this](QLabel* label, DayState state) {
+    const auto wear = [this](QLabel* label, DayClass state) {
         const QColor background = toQColor(m_colours.at(static_cast<std::size_t>(state)));
         QPalette palette = label->palette();
         palette.setColor(QPalette::Window, background);
@@ -147,9 +148,9 @@ void FGrphSet::colourLegend() {
         label->setBackgroundRole(QPalette::Window);
         label->setAutoFillBackground(true);
     };
-    wear(m_ui->Label1_0, DayState::optimal);
-    wear(m_ui->Label1_1, DayState::stable);
-    wear(m_ui->Label1_2, DayState::critical);
+    wear(m_ui->Label1_0, DayClass::optimal);
+    wear(m_ui->Label1_1, DayClass::stable);
+    wear(m_ui->Label1_2, DayClass::critical);
 }
 
 } // namespace quor

@@ -2,7 +2,6 @@
 
 #include "core/Biorhythm.h"
 #include "toolkit/ChildWindow.h"
-#include "toolkit/Frame.h"
 #include "views/graph/WeekState.h"
 
 #include <array>
@@ -26,7 +25,7 @@ class FGrphSet : public ChildWindow {
     Q_OBJECT
 
   public:
-    FGrphSet(Program& program, Frame& frame, QWidget* parent = nullptr);
+    explicit FGrphSet(Program& program, QWidget* parent = nullptr);
     ~FGrphSet() override;
     FGrphSet(const FGrphSet&) = delete;
     FGrphSet& operator=(const FGrphSet&) = delete;

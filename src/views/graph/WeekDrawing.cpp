@@ -19,7 +19,7 @@ class WeekArtist {
             const double end = begin + 0.5;
             const QPoint tip(m_plot.x(begin), m_plot.y(value));
             const QPoint foot(m_plot.x(end), m_plot.weekBaseline);
-            const auto state = static_cast<std::size_t>(dayState(value));
+            const auto state = static_cast<std::size_t>(dayClass(value));
             m_drawing.add(
                 FilledBox{.area = boxBetween(tip, foot), .fill = m_style.colours.at(state)});
             begin = end;

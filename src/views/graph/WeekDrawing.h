@@ -11,7 +11,7 @@ namespace quor {
 
 /// How a row of the weekly state is drawn.
 struct WeekStyle {
-    WeeklyColours colours{}; ///< by `DayState`
+    WeeklyColours colours{}; ///< by `DayClass`
     int weekday = 1;         ///< of the calculation date: Monday is 1, Sunday is 7
     int labelWidth = 0;      ///< pixels, of the row's label in the picture's bold font
 };

@@ -46,12 +46,12 @@ QString rowLabel(WeekRow row) {
     return u"INTELLETTIVO"_s;
 }
 
-DayState dayState(double value) {
+DayClass dayClass(double value) {
     const double tenfold = 10 * value;
     if (tenfold >= 8) {
-        return DayState::optimal;
+        return DayClass::optimal;
     }
-    return tenfold < -3 || tenfold > 3 ? DayState::stable : DayState::critical;
+    return tenfold < -3 || tenfold > 3 ? DayClass::stable : DayClass::critical;
 }
 
 HalfDays weekValues(std::int32_t weekStartDayCount, WeekRow row) {

@@ -33,12 +33,12 @@ inline constexpr std::array weekRows{WeekRow::mean, WeekRow::physical, WeekRow::
 [[nodiscard]] QString rowLabel(WeekRow row);
 
 /// What a half day is like. The number is the index of its colour.
-enum class DayState : std::uint8_t { critical, stable, optimal };
+enum class DayClass : std::uint8_t { critical, stable, optimal };
 
 /// Critical is near zero (-0.3 to 0.3, both ends included), optimal is 0.8 and above, all else is
 /// stable: a strongly negative value too, on purpose.
 /// @param value in [-1, 1]
-[[nodiscard]] DayState dayState(double value);
+[[nodiscard]] DayClass dayClass(double value);
 
 /// Values in [-1, 1] of a week's half days: Monday's start, Monday's middle, Tuesday's start...
 using HalfDays = std::array<double, 2 * static_cast<std::size_t>(daysInWeek)>;

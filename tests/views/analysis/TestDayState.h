@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QObject>
+#include "support/Hermetic.h"
 
 namespace quor::test {
 
-class TestDayState : public QObject {
+class TestDayState : public Test {
     Q_OBJECT
 
   private slots:

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QObject>
+#include "support/Hermetic.h"
 
 namespace quor::test {
 
-class TestFPrev : public QObject {
+class TestFPrev : public Test {
     Q_OBJECT
 
   private slots:

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QObject>
+#include "support/Hermetic.h"
 
 namespace quor::test {
 
-class TestReference : public QObject {
+class TestReference : public Test {
     Q_OBJECT
 
   private slots:

@@ -1,6 +1,5 @@
 #include "views/graph/TestFGrphSet.h"
 
-#include "support/RecordingFrame.h"
 #include "support/ScriptedDialogs.h"
 #include "toolkit/DrawingPainter.h"
 #include "toolkit/PictureBox.h"
@@ -39,7 +38,7 @@ struct Fixture {
     }
 
     void open() {
-        window = new FGrphSet(program, frame);
+        window = new FGrphSet(program);
         owner.reset(window);
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window));
@@ -68,7 +67,6 @@ struct Fixture {
     }
 
     Program program;
-    RecordingFrame frame;
     QPointer<FGrphSet> window;
     std::unique_ptr<FGrphSet> owner;
 };

@@ -57,24 +57,24 @@ void TestWeekState::hoursDoNotMatter() {
 
 void TestWeekState::stateAtItsLimits_data() {
     QTest::addColumn<double>("value");
-    QTest::addColumn<DayState>("state");
+    QTest::addColumn<DayClass>("state");
     const double above = 2;
     const double below = -2;
-    QTest::newRow("0") << 0.0 << DayState::critical;
-    QTest::newRow("0.3") << 0.3 << DayState::critical;
-    QTest::newRow("above 0.3") << std::nextafter(0.3, above) << DayState::stable;
-    QTest::newRow("-0.3") << -0.3 << DayState::critical;
-    QTest::newRow("below -0.3") << std::nextafter(-0.3, below) << DayState::stable;
-    QTest::newRow("below 0.8") << std::nextafter(0.8, below) << DayState::stable;
-    QTest::newRow("0.8") << 0.8 << DayState::optimal;
-    QTest::newRow("1") << 1.0 << DayState::optimal;
-    QTest::newRow("-0.8") << -0.8 << DayState::stable;
-    QTest::newRow("-1") << -1.0 << DayState::stable;
+    QTest::newRow("0") << 0.0 << DayClass::critical;
+    QTest::newRow("0.3") << 0.3 << DayClass::critical;
+    QTest::newRow("above 0.3") << std::nextafter(0.3, above) << DayClass::stable;
+    QTest::newRow("-0.3") << -0.3 << DayClass::critical;
+    QTest::newRow("below -0.3") << std::nextafter(-0.3, below) << DayClass::stable;
+    QTest::newRow("below 0.8") << std::nextafter(0.8, below) << DayClass::stable;
+    QTest::newRow("0.8") << 0.8 << DayClass::optimal;
+    QTest::newRow("1") << 1.0 << DayClass::optimal;
+    QTest::newRow("-0.8") << -0.8 << DayClass::stable;
+    QTest::newRow("-1") << -1.0 << DayClass::stable;
 }
 
 void TestWeekState::stateAtItsLimits() {
     QFETCH(double, value);
-    QTEST(dayState(value), "state");
+    QTEST(dayClass(value), "state");
 }
 
 void TestWeekState::valuesOfTheWeekOfTheBirth() {
