@@ -1,5 +1,8 @@
 #include "shell/MDIForm1.h"
 
+#include "guidance/FAbout.h"
+#include "guidance/FOpt.h"
+#include "shell/ApplicationSetup.h"
 #include "shell/ChildArrangement.h"
 #include "shell/FIns.h"
 #include "shell/Folders.h"
@@ -217,6 +220,12 @@ void MDIForm1::run(Command command) {
     case Command::mnuHlpCompleto:
         ShowHelp(this, helpPath());
         break;
+    case Command::mnuAbout:
+        (new FAbout(QString::fromLatin1(version()), this))->open();
+        break;
+    case Command::mnuOpzioni:
+        openOptions();
+        break;
     case Command::mnuWinArrHor:
     case Command::mnuWinArrVer:
     case Command::mnuWinArrCas:
@@ -303,6 +312,14 @@ void MDIForm1::openGraphOptions() {
         }
     });
     dialog->open();
+}
+
+void MDIForm1::openOptions() {
+    if (m_options == nullptr) {
+        m_options = new FOpt(*this);
+        connect(m_options, &ChildWindow::closed, this, [this] { m_options = nullptr; });
+    }
+    showChild(m_options);
 }
 
 QList<QMdiSubWindow*> MDIForm1::children(bool minimised) const {

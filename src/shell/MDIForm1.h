@@ -18,6 +18,7 @@ namespace quor {
 
 class FGrph;
 class FIns;
+class FOpt;
 class StatusLabel;
 
 /// The program's frame: menus, toolbar, status bar, and the views as windows inside it.
@@ -71,6 +72,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void openFile(const QString& path);
     void openGraph();
     void openGraphOptions();
+    void openOptions();
     /// A view needs a person. @return whether there is one; if not, the message is shown
     bool requireBiorhythm(const QString& view);
     void arrangeChildren(Command command);
@@ -96,6 +98,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     QMenu* m_popup = nullptr; ///< mnuPopUp
     QPointer<FGrph> m_graph;
     QPointer<FIns> m_newBiorhythm;
+    QPointer<FOpt> m_options;
     /// The answer to the last question whether to close the biorhythm.
     Answer m_closeAnswer = Answer::yes;
     bool m_ending = false;
