@@ -25,7 +25,8 @@ void failOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const 
 Surroundings::Surroundings()
 {
     for (const char* variable :
-         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME"}) {
+         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME",
+          "XDG_RUNTIME_DIR"}) {
         qputenv(variable, m_home.path().toLocal8Bit());
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+
+namespace quor::test {
+
+class TestHelpService : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void addressesAreRead_data();
+    void addressesAreRead();
+    void collectionIsFoundBesideTheProgramOrInstalled();
+    void opensOneWindowAtThePage();
+    void closedWindowOpensAnew();
+    void unknownPageSaysSo();
+    void linksOutsideAreNotFollowed();
+    void contentsFollowThePage();
+    void indexFindsATerm();
+    void searchFindsInversione();
+    void searchTakesAnyText();
+    void findsInThePage();
+    void zoomGoesBackToNormal();
+    void staysUsableBesideAModalDialog_data();
+    void staysUsableBesideAModalDialog();
+    void survivesTheDialogItWasOpenedFrom();
+    void missingHelpIsSaid();
+    void damagedHelpIsSaid_data();
+    void damagedHelpIsSaid();
+    void controlsHaveNames();
+};
+
+} // namespace quor::test
