@@ -55,6 +55,9 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpCollection> collection)
     m_tabs->addTab(buildContents(), u"&Sommario"_s);
     m_tabs->addTab(buildIndex(), u"&Indice"_s);
     m_tabs->addTab(buildSearch(), u"&Cerca"_s);
+    // Who chooses a tab wants to type or move in it.
+    connect(m_tabs, &QTabWidget::currentChanged, this,
+            [this] { m_tabs->currentWidget()->setFocus(); });
 
     auto* splitter = new QSplitter;
     splitter->setChildrenCollapsible(false);
@@ -167,6 +170,7 @@ QWidget* HelpWindow::buildIndex() {
             [this](const QList<QHelpLink>& documents) { follow(documents.constFirst().url); });
 
     auto* page = new QWidget;
+    page->setFocusProxy(filter);
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(labelFor(filter, u"&Voce:"_s));
     layout->addWidget(filter);
@@ -204,6 +208,7 @@ QWidget* HelpWindow::buildSearch() {
     connect(engine, &QHelpSearchEngine::searchingFinished, this, &HelpWindow::showResults);
 
     auto* page = new QWidget;
+    page->setFocusProxy(m_searchText);
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(labelFor(m_searchText, u"&Parole:"_s));
     auto* row = new QHBoxLayout;

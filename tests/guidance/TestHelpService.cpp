@@ -199,6 +199,10 @@ void TestHelpService::searchTakesAnyText() {
     HelpService help;
     help.openHelp(nullptr, pathOf({}));
     auto* field = part<QLineEdit>(help, u"searchText"_s);
+    // The tab by its access key, and one can type.
+    QVERIFY(QTest::qWaitForWindowActive(help.window()));
+    QTest::keyClick(help.window(), Qt::Key_C, Qt::AltModifier);
+    QVERIFY(field->hasFocus());
     auto* note = part<QLabel>(help, u"searchNote"_s);
     auto* results = part<QListWidget>(help, u"searchResults"_s);
     const auto search = [&](const QString& text) {
