@@ -1,5 +1,7 @@
 #include "guidance/HelpBrowser.h"
 
+#include "guidance/HelpAddress.h"
+
 #include <QFontInfo>
 #include <QHelpEngine>
 
@@ -36,7 +38,8 @@ HelpBrowser::HelpBrowser(QHelpEngine& engine, QWidget* parent)
 }
 
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
-    const QUrl url = name.isRelative() ? source().resolved(name) : name;
+    // All pages lie in one folder; `source()` is still the page before while a page loads.
+    const QUrl url = helpPageUrl({}).resolved(name);
     if (!isHelpUrl(url)) {
         return {};
     }
@@ -61,8 +64,10 @@ QVariant HelpBrowser::loadPicture(const QByteArray& bytes) const {
     }
     const qreal ratio = devicePixelRatioF();
     if (ratio < pictureRatio) {
-        picture = picture.scaled((QSizeF(picture.size()) * ratio / pictureRatio).toSize(),
-                                 Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        // In true colours: a picture with few colours would be dithered to them again.
+        picture = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                      .scaled((QSizeF(picture.size()) * ratio / pictureRatio).toSize(),
+                              Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         picture.setDevicePixelRatio(ratio);
     } else {
         picture.setDevicePixelRatio(pictureRatio);
@@ -77,7 +82,7 @@ void HelpBrowser::resetZoom() {
 }
 
 void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
-    const QUrl url = name.isRelative() ? source().resolved(name) : name;
+    const QUrl url = source().resolved(name);
     if (isHelpUrl(url)) {
         QTextBrowser::doSetSource(url, type);
     }

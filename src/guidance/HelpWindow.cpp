@@ -147,7 +147,7 @@ QWidget* HelpWindow::buildContents() {
     connect(m_collection->engine().contentModel(), &QHelpContentModel::contentsCreated, this,
             [this, contents] {
                 contents->expandAll();
-                selectInContents();
+                selectInContents(m_browser->source());
             });
     return contents;
 }
@@ -223,7 +223,8 @@ QWidget* HelpWindow::buildSearch() {
 QWidget* HelpWindow::buildPage() {
     m_browser = new HelpBrowser(m_collection->engine());
     m_browser->setObjectName(u"browser"_s);
-    connect(m_browser, &QTextBrowser::sourceChanged, this, [this] { selectInContents(); });
+    connect(m_browser, &QTextBrowser::sourceChanged, this,
+            [this](const QUrl& url) { selectInContents(url); });
 
     m_findBar = new QWidget;
     m_findBar->setObjectName(u"findBar"_s);
@@ -276,9 +277,9 @@ void HelpWindow::follow(const QUrl& url) {
 }
 
 /// Marks the page shown in the contents, as soon as those are read.
-void HelpWindow::selectInContents() {
+void HelpWindow::selectInContents(const QUrl& page) {
     QHelpContentWidget* contents = m_collection->engine().contentWidget();
-    const QModelIndex index = contents->indexOf(m_browser->source().adjusted(QUrl::RemoveFragment));
+    const QModelIndex index = contents->indexOf(page.adjusted(QUrl::RemoveFragment));
     if (index.isValid()) {
         contents->setCurrentIndex(index);
     } else {

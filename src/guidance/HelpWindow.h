@@ -45,7 +45,7 @@ class HelpWindow : public QMainWindow {
     [[nodiscard]] QWidget* buildPage();
 
     void follow(const QUrl& url);
-    void selectInContents();
+    void selectInContents(const QUrl& page);
 
     void openFindBar();
     void closeFindBar();

@@ -155,11 +155,30 @@ void TestHelpService::contentsFollowThePage() {
     HelpService help;
     help.openHelp(nullptr, pathOf(u"2prev.html"_s));
     auto* contents = part<QHelpContentWidget>(help, u"contents"_s);
-    QTRY_COMPARE(contents->currentIndex().data().toString(), u"Le previsioni"_s);
+    const auto current = [contents] { return contents->currentIndex().data().toString(); };
+    QTRY_COMPARE(current(), u"Le previsioni"_s);
     const QModelIndex glossary = contents->indexOf(helpPageUrl(u"glossario.html"_s));
     QVERIFY(glossary.isValid());
     emit contents->clicked(glossary);
     QCOMPARE(shownPage(help), u"glossario.html"_s);
+    QCOMPARE(current(), u"Glossario"_s);
+    help.openHelp(nullptr, pathOf(u"date.html#oggi"_s));
+    QCOMPARE(current(), u"Come scrivere le date"_s);
+    trigger(help, u"back"_s);
+    QCOMPARE(current(), u"Glossario"_s);
+}
+
+void TestHelpService::firstPageHasItsSheetAndPictures() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"leggere-grafico.html"_s));
+    QTextDocument* page = browser(help)->document();
+    QVERIFY(!page->resource(QTextDocument::StyleSheetResource, QUrl(u"quor.css"_s)).isNull());
+    const auto picture =
+        page->resource(QTextDocument::ImageResource, QUrl(u"img/grafico.png"_s)).value<QPixmap>();
+    QVERIFY(!picture.isNull());
+    // It fits the page beside the contents, in the window as it opens on an ordinary screen.
+    constexpr qreal widestPicture = 680;
+    QVERIFY(picture.deviceIndependentSize().width() <= widestPicture);
 }
 
 void TestHelpService::indexFindsATerm() {

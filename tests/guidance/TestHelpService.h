@@ -16,6 +16,7 @@ class TestHelpService : public QObject {
     void unknownPageSaysSo();
     void linksOutsideAreNotFollowed();
     void contentsFollowThePage();
+    void firstPageHasItsSheetAndPictures();
     void indexFindsATerm();
     void searchFindsInversione();
     void searchTakesAnyText();
