@@ -1,9 +1,12 @@
 // Starts the program: command line, locale, translations, one record of data, one frame.
 
+#include "guidance/HelpKey.h"
+#include "guidance/HelpService.h"
 #include "shell/ApplicationSetup.h"
 #include "shell/CommandLine.h"
 #include "shell/MDIForm1.h"
 #include "shell/TerminationSignals.h"
+#include "toolkit/ShowHelp.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -69,6 +72,12 @@ int main(int argc, char* argv[]) {
     quor::setUpApplication(application);
 
     const quor::TerminationSignals terminationSignals;
+    quor::HelpService help;
+    quor::setHelpViewer(
+        [&help](QWidget* window, const QString& path) { help.openHelp(window, path); });
+    quor::HelpKey helpKey;
+    application.installEventFilter(&helpKey);
+
     quor::Program program;
     quor::MDIForm1 frame(program, QApplication::applicationDirPath());
     QObject::connect(&frame, &quor::MDIForm1::ended, &application,

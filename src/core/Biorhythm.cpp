@@ -40,6 +40,20 @@ void setWeeklyColours(Biorhythm& biorhythm, const WeeklyColours& colours) {
     std::copy(colours.begin(), colours.end(), biorhythm.weeklyColours.begin());
 }
 
+void applyGraphOptionsToSystem(Program& program, const GraphOptions& options) {
+    if (program.state.systemOpen) {
+        setGraphOptions(program.biorhythm, options);
+        program.state.modified = true;
+    }
+}
+
+void applyWeeklyOptionsToSystem(Program& program, const WeeklyColours& colours) {
+    if (program.state.systemOpen) {
+        setWeeklyColours(program.biorhythm, colours);
+        program.state.modified = true;
+    }
+}
+
 std::int32_t daysAround(std::int16_t graphDaysAdjust) {
     return std::max(1, GRAPH_BASE_DAYS + graphDaysAdjust);
 }

@@ -113,6 +113,11 @@ void setGraphOptions(Biorhythm& biorhythm, const GraphOptions& options);
 [[nodiscard]] WeeklyColours weeklyColours(const Biorhythm& biorhythm);
 void setWeeklyColours(Biorhythm& biorhythm, const WeeklyColours& colours);
 
+/// Take options over for the open system, whose members share those of the record, and mark its
+/// data as modified. Without a system they do nothing.
+void applyGraphOptionsToSystem(Program& program, const GraphOptions& options);
+void applyWeeklyOptionsToSystem(Program& program, const WeeklyColours& colours);
+
 /// Days that a graph shows on each side of the calculation date. A stored value that gives less
 /// than one day, which only a damaged file holds, counts as one day.
 [[nodiscard]] std::int32_t daysAround(std::int16_t graphDaysAdjust);

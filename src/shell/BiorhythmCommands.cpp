@@ -4,6 +4,7 @@
 
 #include "core/Clock.h"
 #include "core/DateEntry.h"
+#include "guidance/FOpt.h"
 #include "shell/FIns.h"
 #include "storage/BiorhythmFile.h"
 #include "toolkit/FileDialogs.h"
@@ -136,6 +137,9 @@ void MDIForm1::closeBiorhythm() {
     }
     m_program.state.filePath.clear();
     closeViews();
+    if (m_options != nullptr) {
+        m_options->closeWindow();
+    }
     m_program.biorhythm.birthDate = 0;
     m_program.biorhythm.calculationDate = 0;
     m_program.biorhythm.name.clear();

@@ -3,6 +3,7 @@
 
 #include "shell/MDIForm1.h"
 
+#include "guidance/FOpt.h"
 #include "toolkit/ChildWindow.h"
 #include "toolkit/Messages.h"
 #include "views/analysis/FPrev.h"
@@ -104,11 +105,14 @@ void MDIForm1::closeViews() {
     closeIfOpen(m_forecasts);
 }
 
-/// The options button's own way to the graph options: the record's values, for the open graph.
+/// From the options button and the options window: the record's values, which are those of the open
+/// system too. Told is the open system, or else the graph if there is one; the dialog itself has
+/// written the record by then.
 void MDIForm1::openGraphOptions() {
     auto* dialog = new FGrOpt(m_program, this);
     dialog->initialise(graphOptions(m_program.biorhythm));
     connect(dialog, &FGrOpt::GraphOptionsChanged, this, [this](const GraphOptions& options) {
+        applyGraphOptionsToSystem(m_program, options);
         if (m_graph != nullptr) {
             m_graph->applyGraphOptions(options);
         }
@@ -121,11 +125,16 @@ void MDIForm1::openWeeklyOptions() {
     auto* dialog = new FGrSetOpt(m_program, this);
     dialog->initialise(weeklyColours(m_program.biorhythm));
     connect(dialog, &FGrSetOpt::WeeklyOptionsChanged, this, [this](const WeeklyColours& colours) {
+        applyWeeklyOptionsToSystem(m_program, colours);
         if (m_weekly != nullptr) {
             m_weekly->applyWeeklyOptions(colours);
         }
     });
     dialog->open();
+}
+
+void MDIForm1::openOptions() {
+    showChild(ensure(m_options, this, [this] { return new FOpt(*this); }));
 }
 
 } // namespace quor

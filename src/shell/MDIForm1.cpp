@@ -1,5 +1,8 @@
 #include "shell/MDIForm1.h"
 
+#include "guidance/FAbout.h"
+#include "guidance/FOpt.h"
+#include "shell/ApplicationSetup.h"
 #include "shell/ChildArrangement.h"
 #include "shell/FIns.h"
 #include "shell/Folders.h"
@@ -214,8 +217,19 @@ void MDIForm1::run(Command command) {
     case Command::weeklyOptions:
         openWeeklyOptions();
         break;
+    case Command::mnuEsporta:
+        if (m_program.state.systemOpen) {
+            showInformation(this, u"Attualmente non disponibile."_s, u"Non disponibile"_s);
+        }
+        break;
     case Command::mnuHlpCompleto:
         ShowHelp(this, helpPath());
+        break;
+    case Command::mnuAbout:
+        (new FAbout(QString::fromLatin1(version()), this))->open();
+        break;
+    case Command::mnuOpzioni:
+        openOptions();
         break;
     case Command::mnuWinArrHor:
     case Command::mnuWinArrVer:

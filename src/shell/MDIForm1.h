@@ -19,6 +19,7 @@ namespace quor {
 class FGrph;
 class FGrphSet;
 class FIns;
+class FOpt;
 class FPrev;
 class FStat;
 class StatusLabel;
@@ -82,6 +83,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void closeViews();
     void openGraphOptions();
     void openWeeklyOptions();
+    void openOptions();
 
     void arrangeChildren(Command command);
     [[nodiscard]] QList<QMdiSubWindow*> children(bool minimised) const;
@@ -112,6 +114,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     QPointer<FStat> m_dayState;
     QPointer<FPrev> m_forecasts;
     QPointer<FIns> m_newBiorhythm;
+    QPointer<FOpt> m_options;
     /// The answer to the last question whether to close the biorhythm.
     Answer m_closeAnswer = Answer::yes;
     bool m_ending = false;

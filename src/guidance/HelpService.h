@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+
+class QWidget;
+
+namespace quor {
+
+class HelpWindow;
+
+/// Shows the help: the one behind `ShowHelp`.
+class HelpService {
+  public:
+    HelpService() = default;
+    /// Closes the help.
+    ~HelpService();
+    HelpService(const HelpService&) = delete;
+    HelpService& operator=(const HelpService&) = delete;
+    HelpService(HelpService&&) = delete;
+    HelpService& operator=(HelpService&&) = delete;
+
+    /// Shows the page in the one window of the help and brings it to the front. Help that is
+    /// missing or cannot be read is a message box.
+    /// @param window the window that asks
+    /// @param helpPath "<folder>/Quor.chm", for a topic followed by "::/1nuovo.html"
+    void openHelp(QWidget* window, const QString& helpPath);
+
+    /// The open window of the help, or null.
+    [[nodiscard]] HelpWindow* window() const;
+
+  private:
+    QPointer<HelpWindow> m_window;
+    QString m_collectionFile; ///< what the viewer shows
+};
+
+} // namespace quor

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestHelpKey : public Test {
+    Q_OBJECT
+
+  private slots:
+    void pressesTheHelpButtonOfTheActiveWindow();
+    void childOfTheFrameComesFirst();
+    void opensTheWholeHelpWithoutAButton();
+    void leavesOtherKeysAlone();
+};
+
+} // namespace quor::test

@@ -1,0 +1,436 @@
+#include "TestHelpService.h"
+
+#include "guidance/HelpAddress.h"
+#include "guidance/HelpBrowser.h"
+#include "guidance/HelpService.h"
+#include "guidance/HelpWindow.h"
+#include "support/ScriptedDialogs.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QHelpContentWidget>
+#include <QHelpIndexWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPointer>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::test {
+
+namespace {
+
+QString pathOf(const QString& page) {
+    const QString file = QStringLiteral(QUOR_HELP_FOLDER "/Quor.chm");
+    return page.isEmpty() ? file : file + u"::/"_s + page;
+}
+
+HelpBrowser* browser(const HelpService& help) {
+    return help.window()->findChild<HelpBrowser*>();
+}
+
+QString shownPage(const HelpService& help) {
+    return browser(help)->source().fileName();
+}
+
+template<typename Widget> Widget* part(const HelpService& help, const QString& name) {
+    return help.window()->findChild<Widget*>(name);
+}
+
+void trigger(const HelpService& help, const QString& name) {
+    part<QAction>(help, name)->trigger();
+}
+
+qsizetype helpWindows() {
+    const QWidgetList all = QApplication::topLevelWidgets();
+    return std::count_if(all.begin(), all.end(), [](const QWidget* widget) {
+        return qobject_cast<const HelpWindow*>(widget) != nullptr;
+    });
+}
+
+} // namespace
+
+void TestHelpService::addressesAreRead_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("page");
+    QTest::newRow("whole") << u"/opt/q/Quor.chm"_s << u"/opt/q"_s << QString();
+    QTest::newRow("topic") << u"/opt/q/Quor.chm::/1nuovo.html"_s << u"/opt/q"_s << u"1nuovo.html"_s;
+    QTest::newRow("colons in the folder")
+        << u"/a::/b/Quor.chm::/Sistemi.html"_s << u"/a::/b"_s << u"Sistemi.html"_s;
+}
+
+void TestHelpService::addressesAreRead() {
+    QFETCH(QString, path);
+    QFETCH(QString, folder);
+    QFETCH(QString, page);
+    const HelpAddress expected{.folder = folder, .page = page};
+    QCOMPARE(parseHelpPath(path), expected);
+}
+
+void TestHelpService::collectionIsFoundBesideTheProgramOrInstalled() {
+    const QTemporaryDir prefix;
+    const QDir root(prefix.path());
+    QVERIFY(root.mkpath(u"bin"_s) && root.mkpath(u"share/quor"_s));
+    const QString programFolder = root.filePath(u"bin"_s);
+    QCOMPARE(findHelpCollection(programFolder), QString());
+
+    const auto make = [&root](const QString& name) {
+        QFile file(root.filePath(name));
+        return file.open(QIODevice::WriteOnly);
+    };
+    QVERIFY(make(u"share/quor/Quor.qhc"_s));
+    QCOMPARE(findHelpCollection(programFolder), root.filePath(u"share/quor/Quor.qhc"_s));
+    QVERIFY(make(u"bin/Quor.qhc"_s));
+    QCOMPARE(findHelpCollection(programFolder), root.filePath(u"bin/Quor.qhc"_s));
+}
+
+void TestHelpService::opensOneWindowAtThePage() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"Sistemi.html"_s));
+    QVERIFY(help.window()->isVisible());
+    QCOMPARE(help.window()->windowTitle(), u"Guida di Quor"_s);
+    QCOMPARE(shownPage(help), u"Sistemi.html"_s);
+    QVERIFY(browser(help)->toPlainText().startsWith(u"I sistemi"_s));
+
+    const HelpWindow* first = help.window();
+    help.window()->showMinimized();
+    help.openHelp(nullptr, pathOf({}));
+    QCOMPARE(help.window(), first);
+    QVERIFY(!help.window()->isMinimized());
+    QCOMPARE(shownPage(help), u"indice.html"_s);
+    QCOMPARE(helpWindows(), 1);
+
+    trigger(help, u"back"_s);
+    QCOMPARE(shownPage(help), u"Sistemi.html"_s);
+    trigger(help, u"forward"_s);
+    QCOMPARE(shownPage(help), u"indice.html"_s);
+    trigger(help, u"back"_s);
+    trigger(help, u"home"_s);
+    QCOMPARE(shownPage(help), u"indice.html"_s);
+}
+
+void TestHelpService::closedWindowOpensAnew() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"2prev.html"_s));
+    const QPointer first = help.window();
+    first->close();
+    QTRY_VERIFY(first.isNull());
+    QCOMPARE(help.window(), nullptr);
+    help.openHelp(nullptr, pathOf({}));
+    QCOMPARE(shownPage(help), u"indice.html"_s);
+    QVERIFY(!part<QAction>(help, u"back"_s)->isEnabled()); // nothing is remembered
+}
+
+void TestHelpService::unknownPageSaysSo() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"nessuna.html"_s));
+    QVERIFY(browser(help)->toPlainText().contains(u"Pagina non trovata"_s));
+    QVERIFY(browser(help)->toPlainText().contains(u"nessuna.html"_s));
+}
+
+void TestHelpService::linksOutsideAreNotFollowed() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"1nuovo.html"_s));
+    const QString text = browser(help)->toPlainText();
+    for (const char* address :
+         {"http://example.org/", "file:///etc/hostname", "mailto:a@example.org"}) {
+        browser(help)->setSource(QUrl(QString::fromLatin1(address)));
+        QCOMPARE(shownPage(help), u"1nuovo.html"_s);
+        QCOMPARE(browser(help)->toPlainText(), text);
+    }
+    browser(help)->setSource(QUrl(u"date.html"_s));
+    QCOMPARE(shownPage(help), u"date.html"_s);
+}
+
+void TestHelpService::contentsFollowThePage() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"2prev.html"_s));
+    auto* contents = part<QHelpContentWidget>(help, u"contents"_s);
+    const auto current = [contents] { return contents->currentIndex().data().toString(); };
+    QTRY_COMPARE(current(), u"Le previsioni"_s);
+    const QModelIndex glossary = contents->indexOf(helpPageUrl(u"glossario.html"_s));
+    QVERIFY(glossary.isValid());
+    emit contents->clicked(glossary);
+    QCOMPARE(shownPage(help), u"glossario.html"_s);
+    QCOMPARE(current(), u"Glossario"_s);
+    help.openHelp(nullptr, pathOf(u"date.html#oggi"_s));
+    QCOMPARE(current(), u"Come scrivere le date"_s);
+    trigger(help, u"back"_s);
+    QCOMPARE(current(), u"Glossario"_s);
+}
+
+void TestHelpService::firstPageHasItsSheetAndPictures() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"leggere-grafico.html"_s));
+    QTextDocument* page = browser(help)->document();
+    QVERIFY(!page->resource(QTextDocument::StyleSheetResource, QUrl(u"quor.css"_s)).isNull());
+    const auto picture =
+        page->resource(QTextDocument::ImageResource, QUrl(u"img/grafico.png"_s)).value<QPixmap>();
+    QVERIFY(!picture.isNull());
+    // It fits the page beside the contents, in the window as it opens on an ordinary screen.
+    constexpr qreal widestPicture = 680;
+    QVERIFY(picture.deviceIndependentSize().width() <= widestPicture);
+}
+
+void TestHelpService::indexFindsATerm() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf({}));
+    auto* index = part<QHelpIndexWidget>(help, u"index"_s);
+    QTRY_VERIFY(index->model()->rowCount() > 40);
+    auto* filter = part<QLineEdit>(help, u"indexFilter"_s);
+    QTest::keyClicks(filter, u"inversione"_s);
+    QTRY_COMPARE(index->model()->rowCount(), 1);
+    QTest::keyClick(filter, Qt::Key_Return);
+    QTRY_COMPARE(browser(help)->source(), helpPageUrl(u"glossario.html#inversione"_s));
+}
+
+void TestHelpService::searchFindsInversione() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf({}));
+    auto* field = part<QLineEdit>(help, u"searchText"_s);
+    auto* results = part<QListWidget>(help, u"searchResults"_s);
+    // At once, before the pages are indexed: the answer comes when they are.
+    QTest::keyClicks(field, u"inversione"_s);
+    QTest::keyClick(field, Qt::Key_Return);
+    QTRY_VERIFY_WITH_TIMEOUT(results->count() >= 2, 20000);
+    QStringList titles;
+    for (int row = 0; row < results->count(); ++row) {
+        titles << results->item(row)->text();
+    }
+    QVERIFY2(titles.contains(u"Le previsioni"_s), qPrintable(titles.join(u'|')));
+    QVERIFY(!titles.contains(u"Contatti"_s));
+
+    emit results->itemActivated(
+        results->item(static_cast<int>(titles.indexOf(u"Le previsioni"_s))));
+    QCOMPARE(shownPage(help), u"2prev.html"_s);
+}
+
+void TestHelpService::searchTakesAnyText() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf({}));
+    auto* field = part<QLineEdit>(help, u"searchText"_s);
+    // The tab by its access key, and one can type.
+    QVERIFY(QTest::qWaitForWindowActive(help.window()));
+    QTest::keyClick(help.window(), Qt::Key_C, Qt::AltModifier);
+    QVERIFY(field->hasFocus());
+    auto* note = part<QLabel>(help, u"searchNote"_s);
+    auto* results = part<QListWidget>(help, u"searchResults"_s);
+    const auto search = [&](const QString& text) {
+        field->setText(text);
+        QTest::keyClick(field, Qt::Key_Return);
+    };
+    search(u"\"inver* (l'umore AND"_s); // "and" is a word like any other, and no page has it
+    QTRY_COMPARE_WITH_TIMEOUT(note->text(), u"Nessuna pagina trovata."_s, 20000);
+    search(u"\"compatibil\" -"_s); // the beginning of a word
+    QTRY_VERIFY(results->count() > 0);
+    search(u" -*\" "_s);
+    QCOMPARE(note->text(), u"Scrivere una o più parole da cercare."_s);
+    QCOMPARE(results->count(), 0);
+}
+
+void TestHelpService::findsInThePage() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"date.html"_s));
+    auto* bar = part<QWidget>(help, u"findBar"_s);
+    QVERIFY(!bar->isVisible());
+    trigger(help, u"find"_s);
+    QVERIFY(bar->isVisible());
+    auto* field = part<QLineEdit>(help, u"findText"_s);
+    const auto found = [&help] { return browser(help)->textCursor().selectionStart(); };
+
+    field->setText(u"novembre"_s);
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(browser(help)->textCursor().selectedText(), u"novembre"_s);
+    const int only = found();
+    part<QAbstractButton>(help, u"findNext"_s)->click(); // round the page to the same place
+    QCOMPARE(found(), only);
+
+    field->setText(u"oggi"_s);
+    part<QAbstractButton>(help, u"findNext"_s)->click();
+    const int first = found();
+    part<QAbstractButton>(help, u"findNext"_s)->click();
+    QVERIFY(found() > first);
+    part<QAbstractButton>(help, u"findPrevious"_s)->click();
+    QCOMPARE(found(), first);
+
+    field->setText(u"xyzzy"_s);
+    part<QAbstractButton>(help, u"findNext"_s)->click();
+    QCOMPARE(part<QLabel>(help, u"findNote"_s)->text(), u"Testo non trovato"_s);
+    part<QAbstractButton>(help, u"findClose"_s)->click();
+    QVERIFY(!bar->isVisible());
+}
+
+void TestHelpService::zoomGoesBackToNormal() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf({}));
+    const auto size = [&help] { return QFontInfo(browser(help)->font()).pointSizeF(); };
+    const qreal normal = size();
+    trigger(help, u"zoomIn"_s);
+    trigger(help, u"zoomIn"_s);
+    QVERIFY(size() > normal);
+    trigger(help, u"zoomReset"_s);
+    QCOMPARE(size(), normal);
+    trigger(help, u"zoomOut"_s);
+    QVERIFY(size() < normal);
+}
+
+void TestHelpService::staysUsableBesideAModalDialog_data() {
+    QTest::addColumn<bool>("applicationModal");
+    QTest::addColumn<bool>("helpFirst");
+    QTest::newRow("application modal, help asked from it") << true << false;
+    QTest::newRow("application modal, help already open") << true << true;
+    QTest::newRow("window modal, help asked from it") << false << false;
+    QTest::newRow("window modal, help already open") << false << true;
+}
+
+void TestHelpService::staysUsableBesideAModalDialog() {
+    QFETCH(bool, applicationModal);
+    QFETCH(bool, helpFirst);
+    HelpService help;
+    QWidget frame;
+    frame.show();
+    if (helpFirst) {
+        help.openHelp(&frame, pathOf({}));
+        QVERIFY(QTest::qWaitForWindowExposed(help.window()));
+    }
+    QDialog outer(&frame);
+    outer.setWindowModality(applicationModal ? Qt::ApplicationModal : Qt::WindowModal);
+    outer.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&outer));
+    if (!helpFirst) {
+        help.openHelp(&outer, pathOf({}));
+        QVERIFY(QTest::qWaitForWindowExposed(help.window()));
+    }
+    QCOMPARE(helpWindows(), 1);
+    const auto pressKey = [&help] {
+        QTest::keyClick(help.window()->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+        const bool taken = part<QWidget>(help, u"findBar"_s)->isVisible();
+        part<QAbstractButton>(help, u"findClose"_s)->click();
+        return taken;
+    };
+    const auto isUsable = [&help] {
+        // A click that is blocked never reaches the list.
+        auto* tabs = part<QTabWidget>(help, u"tabs"_s);
+        QTabBar* bar = tabs->tabBar();
+        tabs->setCurrentIndex(0);
+        const QPoint second = bar->mapTo(help.window(), bar->tabRect(1).center());
+        QTest::mouseClick(help.window()->windowHandle(), Qt::LeftButton, {}, second);
+        return tabs->currentIndex() == 1;
+    };
+    QVERIFY(isUsable());
+    help.window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(help.window()));
+    QVERIFY(pressKey());
+    {
+        // A box on top of the dialog, and back again.
+        QDialog inner(&outer);
+        inner.setModal(true);
+        inner.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&inner));
+        QVERIFY(isUsable());
+        inner.hide();
+        QCoreApplication::processEvents();
+        QVERIFY(isUsable());
+    }
+    QVERIFY(isUsable());
+    outer.hide();
+    QCoreApplication::processEvents();
+    QVERIFY(isUsable());
+    QVERIFY(help.window()->isVisible());
+}
+
+void TestHelpService::survivesTheDialogItWasOpenedFrom() {
+    HelpService help;
+    {
+        QDialog dialog;
+        dialog.setModal(true);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        help.openHelp(&dialog, pathOf(u"1nuovo.html"_s));
+        QVERIFY(QTest::qWaitForWindowExposed(help.window()));
+    }
+    QCoreApplication::processEvents();
+    QVERIFY(help.window() != nullptr && help.window()->isVisible());
+    QCOMPARE(help.window()->windowHandle()->transientParent(), nullptr);
+    help.openHelp(nullptr, pathOf(u"date.html"_s));
+    QCOMPARE(shownPage(help), u"date.html"_s);
+    QCOMPARE(helpWindows(), 1);
+}
+
+void TestHelpService::missingHelpIsSaid() {
+    HelpService help;
+    const QTemporaryDir empty;
+    ScriptedDialogs boxes;
+    boxes.expectBox(u"Errore"_s, u"I file della guida non sono stati trovati.\n"
+                                 "Per leggere la guida occorre installare di nuovo Quor."_s);
+    help.openHelp(nullptr, empty.filePath(u"Quor.chm::/1nuovo.html"_s));
+    QVERIFY(boxes.finished());
+    QCOMPARE(help.window(), nullptr);
+}
+
+void TestHelpService::damagedHelpIsSaid_data() {
+    QTest::addColumn<QString>("damage");
+    for (const char* damage :
+         {"empty collection", "no pages", "text", "half of the pages", "noise"}) {
+        QTest::newRow(damage) << QString::fromLatin1(damage);
+    }
+}
+
+void TestHelpService::damagedHelpIsSaid() {
+    QFETCH(QString, damage);
+    const QTemporaryDir folder;
+    const QString collection = folder.filePath(u"Quor.qhc"_s);
+    const QString pages = folder.filePath(u"Quor.qch"_s);
+    QVERIFY(QFile::copy(QStringLiteral(QUOR_HELP_FOLDER "/Quor.qhc"), collection));
+    QVERIFY(QFile::copy(QStringLiteral(QUOR_HELP_FOLDER "/Quor.qch"), pages));
+    const auto overwrite = [](const QString& name, const QByteArray& bytes) {
+        QFile file(name);
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    };
+    if (damage == u"empty collection"_s) {
+        QVERIFY(overwrite(collection, {}));
+    } else if (damage == u"no pages"_s) {
+        QVERIFY(QFile::remove(pages));
+    } else if (damage == u"text"_s) {
+        QVERIFY(overwrite(collection, "this is no help\n") &&
+                overwrite(pages, "this is no help\n"));
+    } else if (damage == u"half of the pages"_s) {
+        QVERIFY(QFile::resize(pages, 30000));
+    } else {
+        const QByteArray noise = QByteArray("SQLite format 3\0", 16) + QByteArray(5000, 'x');
+        QVERIFY(overwrite(collection, noise) && overwrite(pages, noise));
+    }
+    HelpService help;
+    ScriptedDialogs boxes;
+    boxes.expectBox(u"Errore"_s, u"I file della guida sono danneggiati o non si possono leggere.\n"
+                                 "Per leggere la guida occorre installare di nuovo Quor."_s);
+    help.openHelp(nullptr, folder.filePath(u"Quor.chm"_s));
+    QVERIFY(boxes.finished());
+    QCOMPARE(help.window(), nullptr);
+}
+
+void TestHelpService::controlsHaveNames() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf({}));
+    for (const char* name : {"contents", "index", "indexFilter", "searchText", "searchResults",
+                             "findText", "browser", "tabs"}) {
+        const auto* widget = part<QWidget>(help, QString::fromLatin1(name));
+        QVERIFY2(widget != nullptr && !widget->accessibleName().isEmpty(), name);
+    }
+    for (const char* name : {"back", "forward", "home", "zoomIn", "zoomOut", "zoomReset", "find"}) {
+        const auto* action = part<QAction>(help, QString::fromLatin1(name));
+        QVERIFY2(action != nullptr && !action->text().isEmpty(), name);
+        QVERIFY2(!action->icon().isNull() && !action->shortcut().isEmpty(), name);
+    }
+}
+
+} // namespace quor::test

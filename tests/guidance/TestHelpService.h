@@ -1,0 +1,34 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestHelpService : public Test {
+    Q_OBJECT
+
+  private slots:
+    void addressesAreRead_data();
+    void addressesAreRead();
+    void collectionIsFoundBesideTheProgramOrInstalled();
+    void opensOneWindowAtThePage();
+    void closedWindowOpensAnew();
+    void unknownPageSaysSo();
+    void linksOutsideAreNotFollowed();
+    void contentsFollowThePage();
+    void firstPageHasItsSheetAndPictures();
+    void indexFindsATerm();
+    void searchFindsInversione();
+    void searchTakesAnyText();
+    void findsInThePage();
+    void zoomGoesBackToNormal();
+    void staysUsableBesideAModalDialog_data();
+    void staysUsableBesideAModalDialog();
+    void survivesTheDialogItWasOpenedFrom();
+    void missingHelpIsSaid();
+    void damagedHelpIsSaid_data();
+    void damagedHelpIsSaid();
+    void controlsHaveNames();
+};
+
+} // namespace quor::test
