@@ -29,22 +29,6 @@ QList<qreal> dashes(Pattern pattern) {
     return {};
 }
 
-QPen pen(const Stroke& stroke) {
-    QPen pen(toQColor(stroke.colour), stroke.width);
-    pen.setCapStyle(Qt::FlatCap);
-    pen.setJoinStyle(Qt::RoundJoin);
-    QList<qreal> pattern = dashes(stroke.pattern);
-    if (!pattern.isEmpty()) {
-        for (qreal& length : pattern) {
-            length /= stroke.width; // the toolkit counts in pen widths
-        }
-        pen.setDashPattern(pattern);
-    } else {
-        pen.setCapStyle(Qt::SquareCap);
-    }
-    return pen;
-}
-
 /// Paints primitive after primitive and changes the painter's state only where it differs.
 class Brush {
   public:
@@ -100,7 +84,7 @@ class Brush {
     void use(const Stroke& stroke) {
         if (m_stroke != stroke) {
             m_stroke = stroke;
-            m_painter.setPen(pen(stroke));
+            m_painter.setPen(toQPen(stroke));
         }
     }
 
@@ -139,7 +123,7 @@ class Brush {
             return (std::round(device.m11() * x + device.dx()) - device.dx()) / device.m11();
         };
 
-        QPen stripPen = pen(curve.stroke);
+        QPen stripPen = toQPen(curve.stroke);
         qreal length = 0; // of the curve up to the point `measured`
         std::size_t measured = 0;
         qreal left = points.front().x() - far;
@@ -208,6 +192,22 @@ bool isHidden(const Primitive& primitive, const Primitive& next) {
 
 QColor toQColor(Colour colour) {
     return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+}
+
+QPen toQPen(const Stroke& stroke) {
+    QPen pen(toQColor(stroke.colour), stroke.width);
+    pen.setCapStyle(Qt::FlatCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    QList<qreal> pattern = dashes(stroke.pattern);
+    if (!pattern.isEmpty()) {
+        for (qreal& length : pattern) {
+            length /= stroke.width; // the toolkit counts in pen widths
+        }
+        pen.setDashPattern(pattern);
+    } else {
+        pen.setCapStyle(Qt::SquareCap);
+    }
+    return pen;
 }
 
 Colour fromQColor(const QColor& colour) {
