@@ -1,0 +1,6 @@
+#include "TestLongCurves.h"
+#include "support/Hermetic.h"
+
+#include <QApplication>
+
+QUOR_TEST_MAIN(QApplication, quor::test::TestLongCurves)
