@@ -15,6 +15,12 @@ namespace {
 constexpr int firstYear = 100;
 constexpr int lastYear = 9999;
 
+/// A string cannot carry what would end its line or the whole text; a blank stands in its place,
+/// when writing and for what another program wrote.
+void blankOutLineEnds(QByteArray& text) {
+    text.replace('\r', ' ').replace('\n', ' ').replace('\0', ' ');
+}
+
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
@@ -69,7 +75,8 @@ void LineWriter::writeLine(QByteArrayView line) {
 
 void LineWriter::writeString(const QString& value) {
     QByteArray bytes = toCp1252(value);
-    bytes.replace('"', '\'').replace('\r', ' ').replace('\n', ' ').replace('\0', ' ');
+    bytes.replace('"', '\'');
+    blankOutLineEnds(bytes);
     writeLine('"' + bytes + '"');
 }
 
@@ -95,7 +102,9 @@ std::optional<QString> parseString(QByteArrayView line) {
     if (end < 0) {
         return std::nullopt;
     }
-    return fromCp1252(text.first(end));
+    QByteArray value = text.first(end).toByteArray();
+    blankOutLineEnds(value);
+    return fromCp1252(value);
 }
 
 std::optional<DateValue> parseDate(QByteArrayView line) {

@@ -1,10 +1,13 @@
 #include "toolkit/DrawingPainter.h"
 
 #include <QFontMetrics>
+#include <QPaintEngine>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
+#include <span>
 
 namespace quor {
 
@@ -24,22 +27,6 @@ QList<qreal> dashes(Pattern pattern) {
         break;
     }
     return {};
-}
-
-QPen pen(const Stroke& stroke) {
-    QPen pen(toQColor(stroke.colour), stroke.width);
-    pen.setCapStyle(Qt::FlatCap);
-    pen.setJoinStyle(Qt::RoundJoin);
-    QList<qreal> pattern = dashes(stroke.pattern);
-    if (!pattern.isEmpty()) {
-        for (qreal& length : pattern) {
-            length /= stroke.width; // the toolkit counts in pen widths
-        }
-        pen.setDashPattern(pattern);
-    } else {
-        pen.setCapStyle(Qt::SquareCap);
-    }
-    return pen;
 }
 
 /// Paints primitive after primitive and changes the painter's state only where it differs.
@@ -63,7 +50,11 @@ class Brush {
     void operator()(const Curve& curve) {
         use(curve.stroke);
         smooth(true);
-        m_painter.drawPolyline(curve.points.data(), static_cast<int>(curve.points.size()));
+        if (isPaintedInStrips(curve)) {
+            drawInStrips(curve);
+        } else {
+            drawPolyline(curve.points);
+        }
     }
 
     void operator()(const FilledBox& box) {
@@ -88,10 +79,84 @@ class Brush {
     }
 
   private:
+    static constexpr std::size_t pointsOfStrip = 16;
+
     void use(const Stroke& stroke) {
         if (m_stroke != stroke) {
             m_stroke = stroke;
-            m_painter.setPen(pen(stroke));
+            m_painter.setPen(toQPen(stroke));
+        }
+    }
+
+    void drawPolyline(std::span<const QPoint> points) {
+        m_painter.drawPolyline(points.data(), static_cast<int>(points.size()));
+    }
+
+    /// The toolkit fills the outline of a stroke that is wider than a pixel of the device in one
+    /// go, and the time for that grows with the square of the edges that cross one row of pixels:
+    /// seconds for a curve of some hundred days on a large picture.
+    [[nodiscard]] bool isPaintedInStrips(const Curve& curve) const {
+        const QTransform device = m_painter.deviceTransform();
+        return curve.points.size() > 4 * pointsOfStrip && device.type() <= QTransform::TxScale &&
+               device.m11() > 0 && curve.stroke.width * std::max(device.m11(), device.m22()) > 1 &&
+               m_painter.paintEngine()->type() == QPaintEngine::Raster &&
+               std::is_sorted(curve.points.begin(), curve.points.end(),
+                              [](QPoint a, QPoint b) { return a.x() < b.x(); });
+    }
+
+    /// Paints a curve that runs from left to right strip by strip, each clipped to columns of
+    /// device pixels that belong to it alone, with as much of the curve beyond both edges as
+    /// reaches into it and its pattern taken up where it is. Every pixel gets what it gets from the
+    /// whole curve.
+    void drawInStrips(const Curve& curve) {
+        const std::span<const QPoint> points(curve.points);
+        const QTransform device = m_painter.deviceTransform();
+        const int reach = 2 * curve.stroke.width; // of a stroke and its ends, generously
+        const qreal far = 1 << 20;
+        const auto firstFrom = [points](int x) {
+            const auto left = [x](QPoint point) { return point.x() < x; };
+            return static_cast<std::size_t>(
+                std::partition_point(points.begin(), points.end(), left) - points.begin());
+        };
+        /// Between two columns of the device.
+        const auto edgeNear = [&device](int x) {
+            return (std::round(device.m11() * x + device.dx()) - device.dx()) / device.m11();
+        };
+
+        QPen stripPen = toQPen(curve.stroke);
+        qreal length = 0; // of the curve up to the point `measured`
+        std::size_t measured = 0;
+        qreal left = points.front().x() - far;
+        for (std::size_t first = 0; first < points.size();) {
+            const std::size_t full = std::min(first + pointsOfStrip, points.size() - 1);
+            const int end = std::max(points[full].x(), points[first].x() + reach);
+            std::size_t next = firstFrom(end);
+            std::size_t to = firstFrom(end + reach + 1) + 1;
+            qreal right = edgeNear(end);
+            if (next + 1 >= points.size()) {
+                next = points.size();
+                to = next;
+                right = points.back().x() + far;
+            }
+            const std::size_t reaching = firstFrom(points[first].x() - reach);
+            const std::size_t from = reaching > 0 ? reaching - 1 : 0;
+            for (; measured < from; ++measured) {
+                const QPoint step = points[measured + 1] - points[measured];
+                length += std::hypot(step.x(), step.y());
+            }
+            if (curve.stroke.pattern != Pattern::solid) {
+                stripPen.setDashOffset(length / curve.stroke.width);
+            }
+
+            m_painter.save();
+            m_painter.setPen(stripPen);
+            m_painter.setClipRect(QRectF(QPointF(left, points.front().y() - far),
+                                         QPointF(right, points.front().y() + far)),
+                                  Qt::IntersectClip);
+            drawPolyline(points.subspan(from, std::min(to, points.size()) - from));
+            m_painter.restore();
+            left = right;
+            first = next;
         }
     }
 
@@ -111,10 +176,38 @@ class Brush {
     std::optional<bool> m_smooth;
 };
 
+/// The next primitive covers this one exactly, so that it need not be painted. So it is with most
+/// lines and boxes of a graph of very many days, which share few columns of pixels.
+bool isHidden(const Primitive& primitive, const Primitive& next) {
+    if (const auto* box = std::get_if<FilledBox>(&primitive)) {
+        const auto* nextBox = std::get_if<FilledBox>(&next);
+        return nextBox != nullptr && box->area == nextBox->area;
+    }
+    const auto* line = std::get_if<Line>(&primitive);
+    const auto* nextLine = std::get_if<Line>(&next);
+    return line != nullptr && nextLine != nullptr && *line == *nextLine;
+}
+
 } // namespace
 
 QColor toQColor(Colour colour) {
     return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+}
+
+QPen toQPen(const Stroke& stroke) {
+    QPen pen(toQColor(stroke.colour), stroke.width);
+    pen.setCapStyle(Qt::FlatCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    QList<qreal> pattern = dashes(stroke.pattern);
+    if (!pattern.isEmpty()) {
+        for (qreal& length : pattern) {
+            length /= stroke.width; // the toolkit counts in pen widths
+        }
+        pen.setDashPattern(pattern);
+    } else {
+        pen.setCapStyle(Qt::SquareCap);
+    }
+    return pen;
 }
 
 Colour fromQColor(const QColor& colour) {
@@ -135,8 +228,15 @@ QColor readableOn(const QColor& background) {
 void paint(QPainter& painter, const Drawing& drawing) {
     painter.save();
     Brush brush(painter);
+    const Primitive* previous = nullptr;
     for (const Primitive& primitive : drawing.primitives) {
-        std::visit(brush, primitive);
+        if (previous != nullptr && !isHidden(*previous, primitive)) {
+            std::visit(brush, *previous);
+        }
+        previous = &primitive;
+    }
+    if (previous != nullptr) {
+        std::visit(brush, *previous);
     }
     painter.restore();
 }

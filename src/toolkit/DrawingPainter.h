@@ -3,6 +3,7 @@
 #include "toolkit/Drawing.h"
 
 #include <QColor>
+#include <QPen>
 
 class QPainter;
 
@@ -11,6 +12,9 @@ namespace quor {
 /// 0x00BBGGRR as the toolkit's colour; the top byte does not matter.
 [[nodiscard]] QColor toQColor(Colour colour);
 [[nodiscard]] Colour fromQColor(const QColor& colour);
+
+/// The pen that paints a stroke, its dashes in the pen's own width.
+[[nodiscard]] QPen toQPen(const Stroke& stroke);
 
 /// Black or white, whichever reads better on the colour.
 [[nodiscard]] QColor readableOn(const QColor& background);

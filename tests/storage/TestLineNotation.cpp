@@ -72,6 +72,7 @@ void TestLineNotation::strings_data() {
     row("\"  a  \"", true, u"  a  "_s);
     row("\"Anna \"la Rossa\" Bianchi\"", true, u"Anna "_s); // a quote ends the string
     row("Maria", false, {});
+    QTest::newRow("control characters") << QByteArray("\"A\0B\rC\"", 7) << true << u"A B C"_s;
     row("\"Maria", false, {});
     row("", false, {});
     row("\"", false, {});

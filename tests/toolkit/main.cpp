@@ -1,10 +1,11 @@
 #include "support/Hermetic.h"
 #include "toolkit/TestCommands.h"
 #include "toolkit/TestDrawing.h"
+#include "toolkit/TestLongCurves.h"
 #include "toolkit/TestPictures.h"
 #include "toolkit/TestSettingsStore.h"
 
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestCommands, quor::test::TestDrawing,
-               quor::test::TestPictures, quor::test::TestSettingsStore)
+               quor::test::TestLongCurves, quor::test::TestPictures, quor::test::TestSettingsStore)

@@ -1,0 +1,243 @@
+// Building and painting the graph against a bare loop over the same primitives.
+//
+// Both paint into an identical picture. The bare loop has everything at hand in plain vectors and
+// does only what nobody could leave out; Quor starts from a day count. The repetitions of both are
+// interleaved at random, and the last lines compare the medians.
+
+#include "toolkit/Drawing.h"
+#include "toolkit/DrawingPainter.h"
+#include "views/graph/GraphDrawing.h"
+
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPixmap>
+#include <QPolygon>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+using namespace quor;
+
+namespace {
+
+struct Case {
+    std::int32_t daysAround;
+    QSize picture;
+};
+
+constexpr std::array cases{
+    Case{20, {760, 270}},   Case{365, {760, 270}},   Case{32'000, {760, 270}},
+    Case{20, {1920, 1080}}, Case{365, {1920, 1080}}, Case{32'000, {1920, 1080}},
+};
+
+Drawing graph(const Case& c) {
+    const GraphOptions options = defaultGraphOptions();
+    const GraphStyle style{.show = {true, true, true, true, true},
+                           .colours = options.colours,
+                           .dayIndexPosition = options.dayIndexPosition,
+                           .calculationDate = 38'777,
+                           .textHeight = QFontMetrics(QGuiApplication::font()).height()};
+    return drawGraph(personSeries(8'832 - c.daysAround, c.daysAround),
+                     layOutGraph(c.picture, c.daysAround), style);
+}
+
+QPixmap sheet(const Case& c) {
+    QPixmap pixmap(c.picture);
+    pixmap.fill(Qt::white);
+    return pixmap;
+}
+
+void paintQuor(benchmark::State& state, const Case& c) {
+    QPixmap pixmap = sheet(c);
+    for ([[maybe_unused]] auto _ : state) {
+        QPainter painter(&pixmap);
+        paint(painter, graph(c));
+    }
+}
+
+/// A drawing taken apart, in the order in which it is painted.
+struct Bare {
+    enum class Kind : std::uint8_t { line, curve, box, text };
+    struct Step {
+        Kind kind;
+        std::uint32_t index; ///< into the vector of the kind
+        std::uint32_t pen;   ///< into `pens`
+    };
+    std::vector<Step> steps;
+    std::vector<QPen> pens;
+    std::vector<Stroke> strokes; ///< of the pens, while the drawing is taken apart
+    std::vector<QLine> lines;
+    std::vector<QPolygon> curves;
+    std::vector<std::pair<QRect, QColor>> boxes;
+    std::vector<std::pair<QPoint, QString>> texts;
+
+    explicit Bare(const Drawing& drawing) {
+        const int ascent = QFontMetrics(QGuiApplication::font()).ascent();
+        for (const Primitive& primitive : drawing.primitives) {
+            if (const auto* line = std::get_if<Line>(&primitive)) {
+                add(Kind::line, lines.size(), line->stroke);
+                lines.emplace_back(line->from, line->to);
+            } else if (const auto* curve = std::get_if<Curve>(&primitive)) {
+                add(Kind::curve, curves.size(), curve->stroke);
+                curves.push_back(
+                    QPolygon(QList<QPoint>(curve->points.begin(), curve->points.end())));
+            } else if (const auto* box = std::get_if<FilledBox>(&primitive)) {
+                add(Kind::box, boxes.size(), {});
+                boxes.emplace_back(box->area, toQColor(box->fill));
+            } else if (const auto* text = std::get_if<Text>(&primitive)) {
+                add(Kind::text, texts.size(), {.colour = text->colour});
+                texts.emplace_back(text->topLeft + QPoint(0, ascent), text->text);
+            }
+        }
+    }
+
+    void paint(QPainter& painter) const {
+        auto current = static_cast<std::uint32_t>(-1);
+        for (const Step& step : steps) {
+            if (step.kind != Kind::box && step.pen != current) {
+                current = step.pen;
+                painter.setPen(pens[current]);
+            }
+            switch (step.kind) {
+            case Kind::line:
+                painter.drawLine(lines[step.index]);
+                break;
+            case Kind::curve:
+                painter.setRenderHint(QPainter::Antialiasing, true);
+                painter.drawPolyline(curves[step.index]);
+                painter.setRenderHint(QPainter::Antialiasing, false);
+                break;
+            case Kind::box:
+                painter.fillRect(boxes[step.index].first, boxes[step.index].second);
+                break;
+            case Kind::text:
+                painter.drawText(texts[step.index].first, texts[step.index].second);
+                break;
+            }
+        }
+    }
+
+  private:
+    void add(Kind kind, std::size_t index, const Stroke& stroke) {
+        auto found = std::find(strokes.begin(), strokes.end(), stroke);
+        if (found == strokes.end()) {
+            found = strokes.insert(strokes.end(), stroke);
+            pens.push_back(toQPen(stroke));
+        }
+        steps.push_back({kind, static_cast<std::uint32_t>(index),
+                         static_cast<std::uint32_t>(found - strokes.begin())});
+    }
+};
+
+void paintBare(benchmark::State& state, const Case& c) {
+    const Bare bare(graph(c));
+    QPixmap pixmap = sheet(c);
+    for ([[maybe_unused]] auto _ : state) {
+        QPainter painter(&pixmap);
+        bare.paint(painter);
+    }
+}
+
+/// The two ways give the same picture, to the last bit, or their times mean nothing.
+bool paintTheSame(const Case& c) {
+    QPixmap quorPixmap = sheet(c);
+    QPixmap barePixmap = sheet(c);
+    {
+        QPainter quorPainter(&quorPixmap);
+        paint(quorPainter, graph(c));
+        QPainter barePainter(&barePixmap);
+        Bare(graph(c)).paint(barePainter);
+    }
+    return quorPixmap.toImage() == barePixmap.toImage();
+}
+
+std::string nameOf(const Case& c) {
+    return std::to_string(c.daysAround) + "days/" + std::to_string(c.picture.width()) + "x" +
+           std::to_string(c.picture.height());
+}
+
+/// Prints the medians and keeps the processor time of each repetition.
+class Keeper : public benchmark::ConsoleReporter {
+  public:
+    Keeper()
+        : ConsoleReporter(OO_Tabular) {}
+
+    void ReportRuns(const std::vector<Run>& runs) override {
+        std::vector<Run> shown;
+        for (const Run& run : runs) {
+            if (run.run_type == Run::RT_Iteration) {
+                m_times[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
+            }
+            if (run.repetitions == 1 || run.aggregate_name == "median") {
+                shown.push_back(run);
+            }
+        }
+        if (!shown.empty()) {
+            ConsoleReporter::ReportRuns(shown);
+        }
+    }
+
+    [[nodiscard]] double median(const std::string& name) const {
+        const auto found = m_times.find(name);
+        if (found == m_times.end()) {
+            return 0;
+        }
+        std::vector<double> times = found->second;
+        const auto middle = times.begin() + std::ssize(times) / 2;
+        std::nth_element(times.begin(), middle, times.end());
+        return *middle;
+    }
+
+  private:
+    std::map<std::string, std::vector<double>> m_times;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
+
+    for (const Case& c : cases) {
+        if (!paintTheSame(c)) {
+            std::fprintf(stderr, "bench_graph: the two pictures of %s differ\n", nameOf(c).c_str());
+            return 1;
+        }
+        benchmark::RegisterBenchmark(("quor/" + nameOf(c)).c_str(), paintQuor, c)
+            ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(("bare/" + nameOf(c)).c_str(), paintBare, c)
+            ->Unit(benchmark::kMillisecond);
+    }
+
+    // Ahead of the arguments given, which win.
+    std::vector<std::string> defaults{argv[0], "--benchmark_repetitions=9",
+                                      "--benchmark_enable_random_interleaving=true",
+                                      "--benchmark_min_time=0.05"};
+    std::vector<char*> arguments;
+    std::transform(defaults.begin(), defaults.end(), std::back_inserter(arguments),
+                   [](std::string& text) { return text.data(); });
+    arguments.insert(arguments.end(), argv + 1, argv + argc);
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
+        return 1;
+    }
+    Keeper keeper;
+    benchmark::RunSpecifiedBenchmarks(&keeper);
+    for (const Case& c : cases) {
+        const double bare = keeper.median("bare/" + nameOf(c));
+        if (bare > 0) {
+            const double quor = keeper.median("quor/" + nameOf(c));
+            std::printf("%-22s quor/bare %.3f (medians %.3f and %.3f ms)\n", nameOf(c).c_str(),
+                        quor / bare, quor, bare);
+        }
+    }
+    return 0;
+}
