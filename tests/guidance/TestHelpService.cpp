@@ -406,6 +406,8 @@ void TestHelpService::damagedHelpIsSaid() {
     } else if (damage == u"half of the pages"_s) {
         QVERIFY(QFile::resize(pages, 30000));
     } else {
+        // The help engine reads on after a query that failed, and says so.
+        QTest::ignoreMessage(QtWarningMsg, "QSqlQuery::value: not positioned on a valid record");
         const QByteArray noise = QByteArray("SQLite format 3\0", 16) + QByteArray(5000, 'x');
         QVERIFY(overwrite(collection, noise) && overwrite(pages, noise));
     }
