@@ -25,7 +25,6 @@ void setUpApplication(QApplication& application) {
         QApplication::installTranslator(translator);
     }
     QApplication::setApplicationName(u"quor"_s);
-    QApplication::setApplicationDisplayName(u"Quor"_s);
     QApplication::setApplicationVersion(QString::fromLatin1(version()));
     QApplication::setDesktopFileName(u"quor"_s);
     QApplication::setWindowIcon(emblem());

@@ -1,5 +1,7 @@
 #include "shell/TestMDIForm1.h"
 
+#include "shell/FrameFixture.h"
+
 #include "core/Clock.h"
 #include "shell/FIns.h"
 #include "shell/MDIForm1.h"
@@ -29,120 +31,6 @@ namespace quor::test {
 
 namespace {
 
-const QString& closeQuestion() {
-    static const QString text =
-        u"Questo comporterà la chiusura del bioritmo di Maria Rossi. Si desidera continuare ugualmente?"_s;
-    return text;
-}
-
-const QString& saveQuestion() {
-    static const QString text =
-        u"Sono presenti dati non salvati. Si desidera salvare prima di chiudere il bioritmo di Maria Rossi ?"_s;
-    return text;
-}
-
-const QString& filter() {
-    static const QString text = u"Bioritmic Files (*.bio) | *.bio"_s;
-    return text;
-}
-
-/// The frame in a program folder of its own, on a fixed day, with scripted boxes.
-class Fixture {
-  public:
-    Fixture()
-        : frame(program, folder.path())
-        , ended(&frame, &MDIForm1::ended) {
-        frame.show();
-    }
-
-    /// The file of a person, as the program writes it.
-    [[nodiscard]] QString write(const QString& name, QDate calculation = {2004, 3, 15}) const {
-        Program other;
-        resetToStartUp(other);
-        other.biorhythm.name = name;
-        other.biorhythm.birthDate = toDateValue(QDate(1981, 12, 25));
-        other.biorhythm.calculationDate = toDateValue(calculation);
-        const QString path = folder.filePath(name + u".bio"_s);
-        if (saveBiorhythmFile(path, other)) {
-            qFatal("cannot write the test's own file");
-        }
-        return path;
-    }
-
-    /// Makes a person current as the dialog for a new biorhythm does.
-    void enter(const QString& name = u"Maria Rossi"_s) {
-        Biorhythm& biorhythm = program.biorhythm;
-        biorhythm.name = name;
-        biorhythm.birthDate = toDateValue(QDate(1981, 12, 25));
-        biorhythm.calculationDate = toDateValue(QDate(2004, 3, 15));
-        program.state.modified = true;
-        frame.applyBiorhythm();
-    }
-
-    void expectClosing(Answer close) {
-        dialogs.expectQuestion(u"Conferma"_s, closeQuestion(), close);
-    }
-    void expectSaving(Answer save) { dialogs.expectQuestion(u"Conferma"_s, saveQuestion(), save); }
-    void expectFile(FileMode mode, const QString& path) {
-        dialogs.expectFile(mode, mode == FileMode::open ? u"Apri"_s : u"Salva"_s, filter(),
-                           folder.filePath(u"UserFiles"_s), path);
-    }
-    void expectSaved() { dialogs.expectBox(u"Ok"_s, u"File salvato"_s); }
-    void expectUpdate(Answer answer) {
-        dialogs.expectQuestion(
-            u"Aggiornare?"_s,
-            u"La data di calcolo è diversa da quella di oggi. Si desidera aggiornarla?"_s, answer);
-    }
-
-    [[nodiscard]] QAction* action(const QString& name) const {
-        return frame.findChild<QAction*>(name);
-    }
-    [[nodiscard]] QStringList panels() const {
-        QStringList texts;
-        for (const QLabel* label : frame.statusBar()->findChildren<QLabel*>()) {
-            texts << label->text();
-        }
-        return texts;
-    }
-    [[nodiscard]] QMdiArea* area() const { return frame.findChild<QMdiArea*>(); }
-    /// Titles of the windows inside the frame.
-    [[nodiscard]] QStringList children() const {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QStringList titles;
-        for (const QMdiSubWindow* window : area()->subWindowList()) {
-            titles << window->windowTitle();
-        }
-        return titles;
-    }
-    /// Positions of the toolbar's disabled buttons.
-    [[nodiscard]] QList<int> disabledTools() const {
-        QList<int> positions;
-        const auto tools = frame.findChild<QToolBar*>(u"Toolbar1"_s)->actions();
-        for (qsizetype i = 0; i < tools.size(); ++i) {
-            if (!tools[i]->isSeparator() && !tools[i]->isEnabled()) {
-                positions << static_cast<int>(i) + 1;
-            }
-        }
-        return positions;
-    }
-    [[nodiscard]] QStringList disabledCommands() const {
-        QStringList names;
-        for (const CommandInfo& info : commandTable()) {
-            if (!action(QString::fromLatin1(info.name))->isEnabled()) {
-                names << QString::fromLatin1(info.name);
-            }
-        }
-        return names;
-    }
-
-    QTemporaryDir folder;
-    FixedClock clock{QDate(2026, 11, 21)};
-    ScriptedDialogs dialogs;
-    Program program;
-    MDIForm1 frame;
-    QSignalSpy ended;
-};
-
 const QStringList& systemCommands() {
     static const QStringList names{u"mnuSalvaSistema"_s, u"mnuSalvaSistemaConNome"_s,
                                    u"mnuChiudiSistema"_s, u"mnuOpzioniSistema"_s,
@@ -163,7 +51,7 @@ const QStringList& biorhythmCommands() {
 
 void TestMDIForm1::startUp() {
     QVERIFY(saveSetting(u"Options"_s, u"FastStart"_s, u"FALSE"_s));
-    const Fixture fixture;
+    const FrameFixture fixture;
     QCOMPARE(fixture.program.state.userFolder, fixture.folder.filePath(u"UserFiles"_s));
     QCOMPARE(fixture.program.state.exportFolder,
              fixture.folder.filePath(u"UserFiles/Esportazioni"_s));
@@ -176,7 +64,7 @@ void TestMDIForm1::startUp() {
 }
 
 void TestMDIForm1::menusAndToolbar() {
-    const Fixture fixture;
+    const FrameFixture fixture;
     QStringList menus;
     for (const QAction* action : fixture.frame.menuBar()->actions()) {
         menus << action->text();
@@ -210,13 +98,13 @@ void TestMDIForm1::menusAndToolbar() {
 }
 
 void TestMDIForm1::whatStartsDisabled() {
-    const Fixture fixture;
+    const FrameFixture fixture;
     QCOMPARE(fixture.disabledTools(), (QList<int>{3, 7, 9, 10, 11, 12, 14, 16, 18}));
     QCOMPARE(fixture.disabledCommands(), systemCommands() + biorhythmCommands());
 }
 
 void TestMDIForm1::applyingABiorhythm() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     QCOMPARE(fixture.program.biorhythm.daysAtGraphStart, 8116 - 20);
     QCOMPARE(fixture.panels(),
@@ -228,39 +116,16 @@ void TestMDIForm1::applyingABiorhythm() {
 }
 
 void TestMDIForm1::noViewChosen() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.program.biorhythm.openGraph = false;
     fixture.enter();
     QCOMPARE(fixture.panels().constFirst(), u"Nome: Maria Rossi"_s);
     QVERIFY(fixture.children().isEmpty());
 }
 
-void TestMDIForm1::theGraphNeedsABiorhythm_data() {
-    QTest::addColumn<int>("command");
-    QTest::addColumn<QString>("view");
-    QTest::newRow("graph") << static_cast<int>(Command::mnuGrafico) << u"il grafico"_s;
-    QTest::newRow("week") << static_cast<int>(Command::mnuStatoSettimanale)
-                          << u"lo stato settimanale"_s;
-    QTest::newRow("day") << static_cast<int>(Command::mnuStatoOdierno) << u"lo stato"_s;
-    QTest::newRow("forecasts") << static_cast<int>(Command::mnuPrevisioni) << u"il grafico"_s;
-}
-
-void TestMDIForm1::theGraphNeedsABiorhythm() {
-    QFETCH(int, command);
-    QFETCH(QString, view);
-    Fixture fixture;
-    fixture.dialogs.expectBox(
-        u"Errore"_s,
-        u"Nessuna data è ancora stata inserita. Scegliere Calcola dal menu Bioritmi per avere "_s +
-            view + u" del bioritmo desiderato."_s);
-    fixture.frame.run(static_cast<Command>(command));
-    QVERIFY(fixture.dialogs.finished());
-    QVERIFY(fixture.children().isEmpty());
-}
-
 void TestMDIForm1::openingAFile() {
     for (const Answer answer : {Answer::no, Answer::yes}) {
-        Fixture fixture;
+        FrameFixture fixture;
         const QString path = fixture.write(u"Anna"_s);
         fixture.expectFile(FileMode::open, path);
         fixture.expectUpdate(answer);
@@ -274,7 +139,7 @@ void TestMDIForm1::openingAFile() {
         QCOMPARE(fixture.panels().constFirst(), u"Nome: Anna"_s);
         QCOMPARE(fixture.children(), QStringList{u"Grafico di Anna"_s});
     }
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.expectFile(FileMode::open, {}); // cancelled
     fixture.frame.run(Command::mnuApriBioritmo);
     QVERIFY(!fixture.program.biorhythm.isPresent());
@@ -282,14 +147,14 @@ void TestMDIForm1::openingAFile() {
 }
 
 void TestMDIForm1::openingAFileOfToday() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.frame.loadBiorhythmFile(fixture.write(u"Anna"_s, {2026, 11, 21})); // no question is due
     QVERIFY(!fixture.program.state.modified);
     QCOMPARE(fixture.panels().at(2), u"Data in esame per il calcolo: 21/11/2026"_s);
 }
 
 void TestMDIForm1::openingAnUnreadableFile() {
-    Fixture fixture;
+    FrameFixture fixture;
     const QString path = fixture.folder.path(); // a folder
     fixture.frame.loadBiorhythmFile(path);
     // The record is as it was, and yet it is applied with that path.
@@ -300,7 +165,7 @@ void TestMDIForm1::openingAnUnreadableFile() {
 }
 
 void TestMDIForm1::commandLineText() {
-    Fixture fixture;
+    FrameFixture fixture;
     const QString path = fixture.write(u"Anna Bo"_s);
     const QString capitals = fixture.folder.filePath(u"x.BIO"_s);
     QVERIFY(QFile::copy(path, capitals));
@@ -312,7 +177,7 @@ void TestMDIForm1::commandLineText() {
 }
 
 void TestMDIForm1::commandLineWithoutQuotes() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.frame.start({.mode = StartMode::commandLineText, .text = fixture.write(u"Anna"_s)});
     QVERIFY(!fixture.program.biorhythm.isPresent());
     // Another ending is ignored.
@@ -324,7 +189,7 @@ void TestMDIForm1::commandLineWithoutQuotes() {
 }
 
 void TestMDIForm1::openOption() {
-    Fixture fixture;
+    FrameFixture fixture;
     const QString missing = fixture.folder.filePath(u"missing.bio"_s);
     fixture.dialogs.expectBox(u"Errore"_s, u"Il file \"%1\" non esiste."_s.arg(missing));
     fixture.frame.start({.mode = StartMode::openFile, .text = missing});
@@ -335,7 +200,7 @@ void TestMDIForm1::openOption() {
 }
 
 void TestMDIForm1::savingAs() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     const QString path = fixture.folder.filePath(u"saved.bio"_s);
     // Without a known file the plain command asks too, and it does not learn the path.
@@ -362,7 +227,7 @@ void TestMDIForm1::savingAs() {
 }
 
 void TestMDIForm1::savingToTheKnownFile() {
-    Fixture fixture;
+    FrameFixture fixture;
     const QString path = fixture.write(u"Maria Rossi"_s);
     fixture.expectUpdate(Answer::yes);
     fixture.frame.loadBiorhythmFile(path);
@@ -376,7 +241,7 @@ void TestMDIForm1::savingToTheKnownFile() {
 }
 
 void TestMDIForm1::aFailedSaveIsReported() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     fixture.program.state.filePath = fixture.folder.path(); // a folder cannot be overwritten
     fixture.dialogs.expectBox(u"Errore"_s,
@@ -388,7 +253,7 @@ void TestMDIForm1::aFailedSaveIsReported() {
 }
 
 void TestMDIForm1::closingWithUnsavedChanges() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     fixture.expectClosing(Answer::yes);
     fixture.expectSaving(Answer::yes);
@@ -414,7 +279,7 @@ void TestMDIForm1::closingWithUnsavedChanges() {
 }
 
 void TestMDIForm1::closingIsRefused() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     fixture.expectClosing(Answer::no);
     fixture.frame.run(Command::mnuChiudiBioritmo);
@@ -425,7 +290,7 @@ void TestMDIForm1::closingIsRefused() {
 }
 
 void TestMDIForm1::aCancelledSaveKeepsTheBiorhythm() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     fixture.expectClosing(Answer::yes);
     fixture.expectSaving(Answer::yes);
@@ -437,7 +302,7 @@ void TestMDIForm1::aCancelledSaveKeepsTheBiorhythm() {
 }
 
 void TestMDIForm1::openingClosesFirst() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     fixture.expectClosing(Answer::no);
     fixture.frame.run(Command::mnuApriBioritmo); // no file dialog
@@ -452,7 +317,7 @@ void TestMDIForm1::openingClosesFirst() {
 }
 
 void TestMDIForm1::newClosesFirst() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     fixture.expectClosing(Answer::no);
     fixture.frame.run(Command::mnuCalcola);
@@ -475,11 +340,11 @@ void TestMDIForm1::newClosesFirst() {
 
 void TestMDIForm1::quitting() {
     for (const Command command : {Command::mnuEsci, Command::mnuEsci2}) {
-        Fixture fixture;
+        FrameFixture fixture;
         fixture.frame.run(command); // nothing to ask
         QCOMPARE(fixture.ended.count(), 1);
     }
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     fixture.expectClosing(Answer::no);
     fixture.frame.run(Command::mnuEsci);
@@ -492,7 +357,7 @@ void TestMDIForm1::quitting() {
 }
 
 void TestMDIForm1::theCloseBoxAsks() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     fixture.expectClosing(Answer::no);
     QVERIFY(!fixture.frame.close());
@@ -509,7 +374,7 @@ void TestMDIForm1::theCloseBoxAsks() {
 }
 
 void TestMDIForm1::afterClosing() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.program.biorhythm.showMean = false;
     fixture.program.biorhythm.openForecasts = true;
     fixture.enter();
@@ -529,21 +394,8 @@ void TestMDIForm1::afterClosing() {
     QVERIFY(fixture.program.state.filePath.isEmpty());
 }
 
-void TestMDIForm1::graphOptionsOfTheToolbar() {
-    Fixture fixture;
-    fixture.enter();
-    fixture.frame.run(Command::graphOptions);
-    auto* dialog = fixture.frame.findChild<FGrOpt*>();
-    QVERIFY(dialog != nullptr);
-    dialog->findChild<QLineEdit*>(u"Text1"_s)->setText(u"5"_s);
-    dialog->findChild<QPushButton*>(u"Command1"_s)->click();
-    QCOMPARE(fixture.program.biorhythm.graphDaysAdjust, std::int16_t{-15});
-    const auto* graph = fixture.frame.findChild<FGrph*>();
-    QCOMPARE(graph->findChild<QLineEdit*>(u"Text2"_s)->text(), u"mercoledì 10 marzo 2004"_s);
-}
-
 void TestMDIForm1::popupOptionsReachTheActiveChild() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.action(u"mnuPopOpt"_s)->trigger(); // no child: nothing happens
     fixture.enter();
     fixture.frame.showDayPopup({.day = u"Giorno 15/03/2004"_s,
@@ -561,7 +413,7 @@ void TestMDIForm1::popupOptionsReachTheActiveChild() {
 }
 
 void TestMDIForm1::arranging() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.frame.resize(900, 700);
     for (const QString& title : {u"a"_s, u"b"_s, u"c"_s}) {
         auto* child = new ChildWindow;
@@ -599,7 +451,7 @@ void TestMDIForm1::arranging() {
 }
 
 void TestMDIForm1::oneGraphAtATime() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.enter();
     const QPointer<FGrph> first = fixture.frame.findChild<FGrph*>();
     fixture.frame.run(Command::mnuGrafico);
@@ -615,7 +467,7 @@ void TestMDIForm1::oneGraphAtATime() {
 }
 
 void TestMDIForm1::withASystemOpen() {
-    Fixture fixture;
+    FrameFixture fixture;
     fixture.program.state.systemOpen = true;
     fixture.program.biorhythm.openGraph = true;
     fixture.enter();

@@ -13,8 +13,6 @@ class TestMDIForm1 : public Test {
     void whatStartsDisabled();
     void applyingABiorhythm();
     void noViewChosen();
-    void theGraphNeedsABiorhythm_data();
-    void theGraphNeedsABiorhythm();
     void openingAFile();
     void openingAFileOfToday();
     void openingAnUnreadableFile();
@@ -32,7 +30,6 @@ class TestMDIForm1 : public Test {
     void quitting();
     void theCloseBoxAsks();
     void afterClosing();
-    void graphOptionsOfTheToolbar();
     void popupOptionsReachTheActiveChild();
     void arranging();
     void oneGraphAtATime();

@@ -1,3 +1,4 @@
+#include "shell/TestBiorhythmViews.h"
 #include "shell/TestChildArrangement.h"
 #include "shell/TestCommandLine.h"
 #include "shell/TestFIns.h"
@@ -7,5 +8,6 @@
 
 #include <QApplication>
 
-QUOR_TEST_MAIN(QApplication, quor::test::TestChildArrangement, quor::test::TestCommandLine,
-               quor::test::TestFIns, quor::test::TestFolders, quor::test::TestMDIForm1)
+QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChildArrangement,
+               quor::test::TestCommandLine, quor::test::TestFIns, quor::test::TestFolders,
+               quor::test::TestMDIForm1)
