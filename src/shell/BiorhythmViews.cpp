@@ -106,8 +106,7 @@ void MDIForm1::closeViews() {
 }
 
 /// From the options button and the options window: the record's values, which are those of the open
-/// system too. Told is the open system, or else the graph if there is one; the dialog itself has
-/// written the record by then.
+/// system too. The dialog itself has written the record by then, unless a system is open.
 void MDIForm1::openGraphOptions() {
     auto* dialog = new FGrOpt(m_program, this);
     dialog->initialise(graphOptions(m_program.biorhythm));

@@ -22,6 +22,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -58,7 +59,7 @@ MDIForm1::MDIForm1(Program& program, const QString& programFolder, QWidget* pare
     buildToolbar();
     buildStatusBar();
     buildPopup();
-    resize(initialSize);
+    resize(initialSize.boundedTo(screen()->availableSize()));
 
     const Folders folders = prepareFolders(programFolder);
     m_program.state.userFolder = folders.userFiles;

@@ -24,7 +24,8 @@ QString address(const QString& section, const QString& key) {
 } // namespace
 
 QString getSetting(const QString& section, const QString& key) {
-    return Store().value(address(section, key)).toString();
+    // A hand-written text with a comma comes back as a list.
+    return Store().value(address(section, key)).toStringList().join(u", "_s);
 }
 
 bool saveSetting(const QString& section, const QString& key, const QString& value) {

@@ -34,6 +34,12 @@ void TestSettingsStore::storedTextIsKeptAsItStands() {
         QVERIFY(saveSetting(u"Options"_s, u"FastStart"_s, text));
         QCOMPARE(readFastStart(), text);
     }
+    // Written by hand, without the quotes that the store itself would set.
+    QFile file(settingsFile());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[Options]\nFastStart=forse, no\n");
+    file.close();
+    QCOMPARE(readFastStart(), u"forse, no"_s);
 }
 
 void TestSettingsStore::theFileIsNamedAfterTheProgram() {

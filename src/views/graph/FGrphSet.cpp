@@ -60,6 +60,7 @@ FGrphSet::FGrphSet(Program& program, QWidget* parent)
     m_ui->setupUi(this);
     m_pictures = {m_ui->Picture1_0, m_ui->Picture1_1, m_ui->Picture1_2, m_ui->Picture1_3};
     for (const WeekRow row : weekRows) {
+        picture(row)->setAccessibleDescription(describeRow(m_week, row));
         connect(picture(row), &PictureBox::resized, this, [this, row] { redrawRow(row); });
     }
     connect(m_ui->Command1, &QPushButton::clicked, this, &FGrphSet::closeWindow);

@@ -82,4 +82,35 @@ HalfDays weekValues(std::int32_t weekStartDayCount, WeekRow row) {
     return values;
 }
 
+QString className(DayClass state) {
+    switch (state) {
+    case DayClass::critical:
+        return u"critico"_s;
+    case DayClass::stable:
+        return u"stabile"_s;
+    case DayClass::optimal:
+        break;
+    }
+    return u"ottimo"_s;
+}
+
+QString describeRow(const Week& week, WeekRow row, const QLocale& locale) {
+    const HalfDays values = weekValues(week.weekStartDayCount, row);
+    QStringList days;
+    for (int day = 0; day < daysInWeek; ++day) {
+        const auto half = static_cast<std::size_t>(2 * day);
+        const QString start = className(dayClass(values.at(half)));
+        const QString middle = className(dayClass(values.at(half + 1)));
+        QString text = longDate(week.weekStart + day, locale) + u": "_s + start;
+        if (middle != start) {
+            text += u", poi "_s + middle;
+        }
+        if (day + 1 == week.weekday) {
+            text += u" (data di calcolo)"_s;
+        }
+        days << text;
+    }
+    return days.join(u"; "_s);
+}
+
 } // namespace quor

@@ -40,11 +40,18 @@ enum class DayClass : std::uint8_t { critical, stable, optimal };
 /// @param value in [-1, 1]
 [[nodiscard]] DayClass dayClass(double value);
 
+/// "critico", "stabile", "ottimo".
+[[nodiscard]] QString className(DayClass state);
+
 /// Values in [-1, 1] of a week's half days: Monday's start, Monday's middle, Tuesday's start...
 using HalfDays = std::array<double, 2 * static_cast<std::size_t>(daysInWeek)>;
 
 /// A row's values. The phase of Monday is reduced to 0..P-1 and then runs on, so that the days of
 /// a week before the birth are those of the same week one or more whole periods later.
 [[nodiscard]] HalfDays weekValues(std::int32_t weekStartDayCount, WeekRow row);
+
+/// A row in words, for those who cannot see it: each day with the classes of its halves (once where
+/// they are the same), and which one is the calculation date.
+[[nodiscard]] QString describeRow(const Week& week, WeekRow row, const QLocale& locale = QLocale());
 
 } // namespace quor

@@ -7,6 +7,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace quor::test {
 
 namespace {
@@ -112,6 +114,18 @@ void TestWeekState::labels() {
         labels << rowLabel(row);
     }
     QCOMPARE(labels.join(u','), QStringLiteral("MEDIA,FISICO,EMOTIVO,INTELLETTIVO"));
+}
+
+void TestWeekState::rowsInWords() {
+    // Born that Monday: the physical cycle starts at 0 and passes 0.3 in the middle of Tuesday.
+    const Week week{
+        .weekday = 3, .weekStart = toDateValue(QDate(2004, 3, 15)), .weekStartDayCount = 0};
+    QCOMPARE(
+        describeRow(week, WeekRow::physical, QLocale(u"it_IT"_s)),
+        u"lunedì 15 marzo 2004: critico; martedì 16 marzo 2004: critico, poi stabile; "
+        "mercoledì 17 marzo 2004: stabile (data di calcolo); giovedì 18 marzo 2004: stabile, poi "
+        "ottimo; venerdì 19 marzo 2004: ottimo; sabato 20 marzo 2004: ottimo; domenica 21 marzo "
+        "2004: ottimo"_s);
 }
 
 } // namespace quor::test

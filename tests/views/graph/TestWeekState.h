@@ -8,6 +8,7 @@ class TestWeekState : public Test {
     Q_OBJECT
 
   private slots:
+    void rowsInWords();
     void weekOfADate_data();
     void weekOfADate();
     void hoursDoNotMatter();
