@@ -568,12 +568,27 @@ class Desktop:
     def screenshot(self, path, window="root"):
         """Takes a picture of the screen or of an X window.
 
-        Returns False where ImageMagick is not installed: pictures are for
-        people who look for a cause, no test depends on them.
+        Returns False where ImageMagick is not installed: a picture of a
+        failure helps people who look for its cause, but is not needed.
         """
         if shutil.which("import") is None:
             return False
         return self._run("import", "-window", str(window), str(path)).returncode == 0
+
+    def pixels(self, x, y, width, height):
+        """The colours of a part of the screen: rows of (red, green, blue), 0..255.
+
+        Needs ImageMagick.
+        """
+        result = subprocess.run(
+            ["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage",
+             "-depth", "8", "rgb:-"], env=self.environment, stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=30)
+        if len(result.stdout) != 3 * width * height:
+            raise HarnessError(f"import: {result.stderr.decode(errors='replace')}")
+        samples = iter(result.stdout)
+        flat = list(zip(samples, samples, samples))
+        return [flat[row * width:(row + 1) * width] for row in range(height)]
 
 
 # --------------------------------------------------------------------------
@@ -672,6 +687,14 @@ def text_of(node):
     except GLib.Error:
         return ""
     return name_of(node)
+
+
+def page_text_of(node):
+    """What a page for reading holds, to which Qt gives the role of a label."""
+    try:
+        return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+    except GLib.Error:
+        return ""
 
 
 def labels_of(node):
