@@ -313,20 +313,28 @@ class HelpTest(ViewsTestCase):
     CONTACTS = "Contatti"
     GLOSSARY = "Glossario"
 
-    def heading(self):
-        """The first line of the page that the help viewer shows."""
-        pages = self.program.find_all(name="Pagina della guida")
-        return page_text_of(pages[0]).split("\n")[0] if pages else None
+    def open_viewer(self):
+        """By the menu entry, which has no topic; remembers what the viewer consists of."""
+        program = self.program
+        program.menu("Help", "File di guida")
+        viewer = program.window(HELP)
+        self.page = program.find(name="Pagina della guida", parent=viewer)
+        self.glossary = program.find("table cell", self.GLOSSARY, parent=viewer)
+        self.assert_page(self.START)
+        return viewer
 
     def assert_page(self, heading):
-        """The one help viewer shows this page."""
-        poll(lambda: self.heading() == heading)
-        self.assertEqual(self.heading(), heading)
+        """The one help viewer shows the page that begins with this line."""
+        def shown():
+            return page_text_of(self.page).split("\n")[0]
+
+        poll(lambda: shown() == heading)
+        self.assertEqual(shown(), heading)
         self.assertEqual(len(self.program.find_all("frame", HELP)), 1)
 
     def assert_usable(self):
         """The contents lead to another page."""
-        self.program.click(self.program.find("table cell", self.GLOSSARY))
+        self.program.click(self.glossary)
         self.assert_page(self.GLOSSARY)
 
     def press_help(self, window, heading):
@@ -341,10 +349,8 @@ class HelpTest(ViewsTestCase):
     def test_each_window_has_its_page_in_one_viewer(self):
         program = self.program
         self.move(program.window("Quor"), 10, 40)
-        program.menu("Help", "File di guida")
-        viewer = program.window(HELP)
+        viewer = self.open_viewer()
         self.move(viewer, 1120, 40)
-        self.assert_page(self.START)
         # From here on the viewer stays open; a person goes to and fro.
         self.assert_usable()
 
@@ -398,18 +404,12 @@ class HelpTest(ViewsTestCase):
         self.assert_usable()
         program.click(program.button(about, "Ok"))
         program.wait_gone(about)
-        self.assert_usable_after_all(viewer)
 
-    def assert_usable_after_all(self, viewer):
-        """No dialog has taken the viewer along; closed, it opens anew on the start page."""
-        program = self.program
-        program.menu("Help", "File di guida")
-        self.assert_page(self.START)
-        self.assert_usable()
+        # No dialog has taken the viewer along; closed, it opens anew.
+        self.open_viewer()
         program.close_box(viewer)
         program.wait_gone(viewer)
-        program.menu("Help", "File di guida")
-        self.assert_page(self.START)
+        self.open_viewer()
         self.assertEqual(program.terminate(), 0)
 
 
