@@ -55,6 +55,10 @@ DOUBLE_CLICK_DISTANCE = 12
 # Qt does not distinguish a message box from any other dialog in all versions.
 DIALOG_ROLES = ("dialog", "alert", "file chooser", "color chooser", "font chooser")
 TEXT_ROLES = ("text", "entry", "password text", "spin button")
+# What lies in windows only: looked for without a look at everything else, as
+# every question to the program takes its time.
+OUTER_ROLES = ("frame", "menu bar", "tool bar", "status bar", *DIALOG_ROLES)
+OUTER_PARENT_ROLES = ("application", "frame", "layered pane", *DIALOG_ROLES)
 MENU_ITEM_ROLES = ("menu item", "check menu item", "radio menu item")
 
 # Item views answer with one child a cell; nobody reads that many.
@@ -568,12 +572,27 @@ class Desktop:
     def screenshot(self, path, window="root"):
         """Takes a picture of the screen or of an X window.
 
-        Returns False where ImageMagick is not installed: pictures are for
-        people who look for a cause, no test depends on them.
+        Returns False where ImageMagick is not installed: a picture of a
+        failure helps people who look for its cause, but is not needed.
         """
         if shutil.which("import") is None:
             return False
         return self._run("import", "-window", str(window), str(path)).returncode == 0
+
+    def pixels(self, x, y, width, height):
+        """The colours of a part of the screen: rows of (red, green, blue), 0..255.
+
+        Needs ImageMagick.
+        """
+        result = subprocess.run(
+            ["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage",
+             "-depth", "8", "rgb:-"], env=self.environment, stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=30)
+        if len(result.stdout) != 3 * width * height:
+            raise HarnessError(f"import: {result.stderr.decode(errors='replace')}")
+        samples = iter(result.stdout)
+        flat = list(zip(samples, samples, samples))
+        return [flat[row * width:(row + 1) * width] for row in range(height)]
 
 
 # --------------------------------------------------------------------------
@@ -674,6 +693,14 @@ def text_of(node):
     return name_of(node)
 
 
+def page_text_of(node):
+    """What a page for reading holds, to which Qt gives the role of a label."""
+    try:
+        return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+    except GLib.Error:
+        return ""
+
+
 def labels_of(node):
     """The texts of the labels that belong to a node (in Qt: whose buddy it is)."""
     texts = [name_of(node)]
@@ -693,17 +720,19 @@ def extents_of(node):
     return box.x, box.y, box.width, box.height
 
 
-def walk(node, showing=True):
+def walk(node, showing=True, parent_roles=None):
     """The nodes below `node`, parents before children.
 
     Hidden branches are left out if `showing`; menus that are not open, pages
-    that are not in front.
+    that are not in front.  With `parent_roles`, what lies in nodes of other
+    roles is left out too.
     """
     for child in children_of(node):
         if showing and not is_showing(child):
             continue
         yield child
-        yield from walk(child, showing)
+        if parent_roles is None or role_of(child) in parent_roles:
+            yield from walk(child, showing, parent_roles)
 
 
 def describe(node):
@@ -895,7 +924,8 @@ class Program:
         root = parent or self.application()
         if root is None:
             return []
-        return [node for node in walk(root, showing)
+        outer = roles is not None and set(roles) <= set(OUTER_ROLES)
+        return [node for node in walk(root, showing, OUTER_PARENT_ROLES if outer else None)
                 if (roles is None or role_of(node) in roles)
                 and (name is None or _matches(name_of(node), name))
                 and (where is None or where(node))]
