@@ -4,8 +4,8 @@
 #include "guidance/HelpService.h"
 #include "shell/ApplicationSetup.h"
 #include "shell/CommandLine.h"
+#include "shell/EndRequests.h"
 #include "shell/MDIForm1.h"
-#include "shell/TerminationSignals.h"
 #include "toolkit/ShowHelp.h"
 
 #include <QApplication>
@@ -71,7 +71,13 @@ int main(int argc, char* argv[]) {
     qInstallMessageHandler(previousHandler);
     quor::setUpApplication(application);
 
-    const quor::TerminationSignals terminationSignals;
+    // Once more: the toolkit has taken its own options ("-platform") away from before ours by now.
+    const quor::StartRequest request = quor::parseArguments(QApplication::arguments().sliced(1));
+    if (const int status = answerWithoutScreen(request); status >= 0) {
+        return status;
+    }
+
+    const quor::EndRequests endRequests;
     quor::HelpService help;
     quor::setHelpViewer(
         [&help](QWidget* window, const QString& path) { help.openHelp(window, path); });
@@ -84,9 +90,7 @@ int main(int argc, char* argv[]) {
                      [] { QCoreApplication::exit(success); });
     frame.show();
     // From inside the event loop, so that a request to end the program also ends the questions that
-    // opening a file may ask. The toolkit has taken its own options ("-platform") away by now.
-    QTimer::singleShot(0, &frame, [&frame] {
-        frame.start(quor::parseArguments(QApplication::arguments().sliced(1)));
-    });
+    // opening a file may ask.
+    QTimer::singleShot(0, &frame, [&frame, &request] { frame.start(request); });
     return QApplication::exec();
 }

@@ -25,8 +25,13 @@ StartRequest parseArguments(const QStringList& arguments) {
     };
     if (!parser.parse(QStringList{u"quor"_s} + arguments)) {
         const QStringList unknown = parser.unknownOptionNames();
-        return wrong(unknown.isEmpty() ? u"l'opzione --open vuole il nome di un file"_s
-                                       : u"opzione sconosciuta: --"_s + unknown.constFirst());
+        if (!unknown.isEmpty()) {
+            return wrong(u"opzione sconosciuta: --"_s + unknown.constFirst());
+        }
+        if (arguments.constLast() == u"--open"_s) {
+            return wrong(u"l'opzione --open vuole il nome di un file"_s);
+        }
+        return wrong(u"un'opzione ha un valore di troppo: "_s + arguments.join(u' '));
     }
     if (!parser.positionalArguments().isEmpty()) {
         return wrong(u"argomento di troppo: "_s + parser.positionalArguments().constFirst());

@@ -29,6 +29,13 @@ FIns::FIns(Program& program, Frame& frame, QWidget* parent)
     bind(m_ui->Check2, biorhythm.openStatistics);
     bind(m_ui->Check3, biorhythm.openForecasts);
 
+    // Sizes that follow the font: a whole date in its field, and every line of the explanation.
+    constexpr int explanationWidth = 60; // characters
+    const QFontMetrics metrics(font());
+    m_ui->Text2->setMinimumWidth(metrics.horizontalAdvance(u"00/00/00000"_s) + metrics.height());
+    const int width = explanationWidth * metrics.averageCharWidth();
+    m_ui->LabelOptions->setMinimumSize(width, m_ui->LabelOptions->heightForWidth(width));
+
     const bool hasDate = biorhythm.calculationDate != 0;
     m_ui->Text2->setText(shortDate(hasDate ? biorhythm.calculationDate : today()));
 

@@ -133,7 +133,7 @@ void MDIForm1::buildStatusBar() {
 }
 
 void MDIForm1::buildPopup() {
-    m_popup = new QMenu(this);
+    m_popup = new QMenu(u"PopUp"_s, this);
     m_popup->setObjectName(u"mnuPopUp"_s);
     const auto add = [this](const QString& name) {
         m_popup->addAction(QString())->setObjectName(name);

@@ -2,7 +2,8 @@
 
 #include <QColorDialog>
 #include <QFileDialog>
-#include <QFileInfo>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -31,6 +32,17 @@ QString patternOf(const QString& filter) {
     return filter.section(u'|', 1).trimmed();
 }
 
+/// A box with a short text is as narrow as its button and would cut its own title.
+void makeRoomForTitle(QMessageBox& window) {
+    constexpr int ems = 14; // for the buttons of the title bar, and the text not too close to them
+    const QFontMetrics metrics(window.font());
+    const int width =
+        metrics.horizontalAdvance(window.windowTitle()) + ems * metrics.averageCharWidth();
+    if (auto* grid = qobject_cast<QGridLayout*>(window.layout())) {
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
+}
+
 class RealDialogHost : public DialogHost {
   public:
     Answer message(QWidget* parent, const MessageBox& box) override {
@@ -40,6 +52,7 @@ class RealDialogHost : public DialogHost {
         // Texts hold names that people typed: never markup.
         window.setTextFormat(Qt::PlainText);
         window.setText(box.text);
+        makeRoomForTitle(window);
         if (box.kind != BoxKind::question) {
             window.setStandardButtons(QMessageBox::Ok);
             window.exec();

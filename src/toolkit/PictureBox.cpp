@@ -30,6 +30,14 @@ int PictureBox::textWidth(const QString& text, bool bold) const {
     return QFontMetrics(textFont).horizontalAdvance(text);
 }
 
+void PictureBox::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        m_sheet = QPixmap();
+        update();
+    }
+}
+
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
     const QSize wanted = (QSizeF(size()) * devicePixelRatioF()).toSize();
     if (m_sheet.size() != wanted) {

@@ -29,6 +29,7 @@ class PictureBox : public QWidget {
     void pressed(Qt::MouseButton button, QPoint position);
 
   protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -27,6 +27,8 @@ void TestCommandLine::options_data() {
         u"opzione sconosciuta: --apri"_s);
     row("open nothing", {u"--open"_s}, StartMode::wrongUse,
         u"l'opzione --open vuole il nome di un file"_s);
+    row("help with a value", {u"--help=5"_s}, StartMode::wrongUse,
+        u"un'opzione ha un valore di troppo: --help=5"_s);
     row("too much", {u"--open"_s, u"a.bio"_s, u"b.bio"_s}, StartMode::wrongUse,
         u"argomento di troppo: b.bio"_s);
 }

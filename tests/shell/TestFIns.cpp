@@ -8,6 +8,7 @@
 #include "support/RecordingFrame.h"
 #include "support/ScriptedDialogs.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -189,6 +190,22 @@ void TestFIns::aTourHoldsItOpen() {
     fixture.click(u"Command2"_s);
     QVERIFY(fixture.program.state.guidedStepDone);
     QVERIFY(fixture.isGone());
+}
+
+void TestFIns::readableWithALargeFont() {
+    const QFont normal = QApplication::font();
+    QFont large = normal;
+    large.setPointSize(20);
+    QApplication::setFont(large);
+    Fixture fixture;
+    fixture.open();
+    fixture.dialog->resize(1, 1); // as small as it gets
+    QCoreApplication::processEvents();
+    const QLineEdit* date = fixture.field(u"Text2"_s);
+    QVERIFY(date->width() > date->fontMetrics().horizontalAdvance(date->text()));
+    const auto* label = fixture.dialog->findChild<QLabel*>(u"LabelOptions"_s);
+    QVERIFY(label->height() >= label->heightForWidth(label->width()));
+    QApplication::setFont(normal);
 }
 
 void TestFIns::helpButton() {

@@ -17,6 +17,7 @@ class TestFIns : public Test {
     void cancelStoresNothing();
     void setToToday();
     void aTourHoldsItOpen();
+    void readableWithALargeFont();
     void helpButton();
 };
 

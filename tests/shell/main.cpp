@@ -1,6 +1,7 @@
 #include "shell/TestBiorhythmViews.h"
 #include "shell/TestChildArrangement.h"
 #include "shell/TestCommandLine.h"
+#include "shell/TestEndRequests.h"
 #include "shell/TestFIns.h"
 #include "shell/TestFolders.h"
 #include "shell/TestMDIForm1.h"
@@ -9,5 +10,5 @@
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChildArrangement,
-               quor::test::TestCommandLine, quor::test::TestFIns, quor::test::TestFolders,
-               quor::test::TestMDIForm1)
+               quor::test::TestCommandLine, quor::test::TestEndRequests, quor::test::TestFIns,
+               quor::test::TestFolders, quor::test::TestMDIForm1)

@@ -100,6 +100,13 @@ void FGrph::applyGraphOptions(const GraphOptions& options) {
     layOutPlot();
 }
 
+void FGrph::changeEvent(QEvent* event) {
+    ChildWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        layOutPlot(); // the numbers at the bottom stand where the height of the text puts them
+    }
+}
+
 void FGrph::resizeEvent(QResizeEvent* event) {
     ChildWindow::resizeEvent(event);
     layOutWindow();

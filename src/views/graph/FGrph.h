@@ -39,6 +39,7 @@ class FGrph : public ChildWindow {
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
