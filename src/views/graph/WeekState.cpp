@@ -98,7 +98,7 @@ QString describeRow(const Week& week, WeekRow row, const QLocale& locale) {
     const HalfDays values = weekValues(week.weekStartDayCount, row);
     QStringList days;
     for (int day = 0; day < daysInWeek; ++day) {
-        const auto half = static_cast<std::size_t>(2 * day);
+        const auto half = 2 * static_cast<std::size_t>(day);
         const QString start = className(dayClass(values.at(half)));
         const QString middle = className(dayClass(values.at(half + 1)));
         QString text = longDate(week.weekStart + day, locale) + u": "_s + start;
