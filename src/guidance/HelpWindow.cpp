@@ -234,9 +234,9 @@ QWidget* HelpWindow::buildPage() {
     m_findText->setAccessibleName(u"Testo da trovare nella pagina"_s);
     m_findNote = new QLabel;
     m_findNote->setObjectName(u"findNote"_s);
-    auto* previous = new QPushButton(u"&Precedente"_s);
+    auto* previous = new QPushButton(u"P&recedente"_s);
     previous->setObjectName(u"findPrevious"_s);
-    auto* next = new QPushButton(u"Su&ccessivo"_s);
+    auto* next = new QPushButton(u"S&uccessivo"_s);
     next->setObjectName(u"findNext"_s);
     auto* close = new QPushButton(u"C&hiudi"_s);
     close->setObjectName(u"findClose"_s);
