@@ -40,6 +40,21 @@ QLabel* labelFor(QWidget* field, const QString& text) {
     return label;
 }
 
+/// The first entry of the contents with this address, from `parent` down; invalid without one.
+QModelIndex entryOf(const QHelpContentModel& contents, const QUrl& url,
+                    const QModelIndex& parent = {}) {
+    for (int row = 0; row < contents.rowCount(parent); ++row) {
+        const QModelIndex index = contents.index(row, 0, parent);
+        if (contents.contentItemAt(index)->url() == url) {
+            return index;
+        }
+        if (const QModelIndex below = entryOf(contents, url, index); below.isValid()) {
+            return below;
+        }
+    }
+    return {};
+}
+
 } // namespace
 
 HelpWindow::HelpWindow(std::unique_ptr<HelpCollection> collection)
@@ -279,7 +294,13 @@ void HelpWindow::follow(const QUrl& url) {
 /// Marks the page shown in the contents, as soon as those are read.
 void HelpWindow::selectInContents(const QUrl& page) {
     QHelpContentWidget* contents = m_collection->engine().contentWidget();
-    const QModelIndex index = contents->indexOf(page.adjusted(QUrl::RemoveFragment));
+    // An entry for this very place on the page comes before the one for the page. The widget's own
+    // search knows pages only.
+    const QHelpContentModel& model = *m_collection->engine().contentModel();
+    QModelIndex index = entryOf(model, page);
+    if (!index.isValid()) {
+        index = entryOf(model, page.adjusted(QUrl::RemoveFragment));
+    }
     if (index.isValid()) {
         contents->setCurrentIndex(index);
     } else {

@@ -168,6 +168,16 @@ void TestHelpService::contentsFollowThePage() {
     QCOMPARE(current(), u"Come scrivere le date"_s);
     trigger(help, u"back"_s);
     QCOMPARE(current(), u"Glossario"_s);
+
+    // A section that is a place on a page stays the chosen one.
+    const QModelIndex root = contents->indexOf(helpPageUrl({}));
+    const QModelIndex section = contents->model()->index(1, 0, root);
+    QCOMPARE(section.data().toString(), u"Leggere i risultati"_s);
+    emit contents->clicked(section);
+    QCOMPARE(browser(help)->source(), helpPageUrl(u"indice.html#leggere"_s));
+    QCOMPARE(current(), u"Leggere i risultati"_s);
+    trigger(help, u"home"_s);
+    QCOMPARE(current(), u"Guida di Quor"_s);
 }
 
 void TestHelpService::firstPageHasItsSheetAndPictures() {
