@@ -4,7 +4,9 @@
 #include "toolkit/ShowHelp.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QKeyEvent>
+#include <QList>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>

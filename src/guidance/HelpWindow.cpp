@@ -5,13 +5,40 @@
 #include "guidance/HelpCollection.h"
 #include "toolkit/ImageList.h"
 
+#include <QAbstractItemView>
+#include <QAction>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHelpContentItem>
+#include <QHelpContentModel>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
 #include <QHelpIndexWidget>
 #include <QHelpLink>
 #include <QHelpSearchEngine>
+#include <QHelpSearchResult>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QList>
+#include <QListWidget>
+#include <QModelIndex>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
+#include <QSplitter>
+#include <QString>
+#include <QStringList>
+#include <QTabWidget>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QToolBar>
+#include <QUrl>
+#include <QVBoxLayout>
 #include <QWindow>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
