@@ -3,6 +3,17 @@
 #include "toolkit/ImageList.h"
 #include "toolkit/ShowHelp.h"
 
+#include <QFont>
+#include <QFontInfo>
+#include <QIcon>
+#include <QLabel>
+#include <QPixmap>
+#include <QPushButton>
+#include <QSize>
+#include <QString>
+
+#include <memory>
+
 #include "ui_FAbout.h"
 
 using namespace Qt::StringLiterals;

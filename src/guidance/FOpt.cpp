@@ -1,5 +1,9 @@
 #include "guidance/FOpt.h"
 
+#include <QPushButton>
+
+#include <memory>
+
 #include "ui_FOpt.h"
 
 namespace quor {

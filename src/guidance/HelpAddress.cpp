@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QString>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +20,7 @@ HelpAddress parseHelpPath(const QString& helpPath) {
 QString findHelpCollection(const QString& programFolder) {
     const QDir folder(programFolder);
     for (const QString& place : {u"Quor.qhc"_s, u"../share/quor/Quor.qhc"_s}) {
-        const QString file = QDir::cleanPath(folder.filePath(place));
+        QString file = QDir::cleanPath(folder.filePath(place));
         if (QFileInfo(file).isFile()) {
             return file;
         }

@@ -2,8 +2,18 @@
 
 #include "guidance/HelpAddress.h"
 
+#include <QByteArray>
+#include <QFont>
 #include <QFontInfo>
+#include <QFontMetrics>
 #include <QHelpEngine>
+#include <QImage>
+#include <QPixmap>
+#include <QSize>
+#include <QString>
+#include <QTextDocument>
+#include <QUrl>
+#include <QVariant>
 
 using namespace Qt::StringLiterals;
 

@@ -2,9 +2,14 @@
 
 #include "guidance/HelpAddress.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileDevice>
 #include <QFileInfo>
 #include <QHelpEngine>
+#include <QString>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 

@@ -1,12 +1,17 @@
 #include "guidance/HelpKey.h"
 
+#include "guidance/HelpWindow.h"
 #include "toolkit/ShowHelp.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QKeyEvent>
+#include <QList>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QVariant>
+#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +32,8 @@ QWidget* workingWindow(QWidget* active) {
 
 QPushButton* helpButton(const QWidget* window) {
     for (QPushButton* button : window->findChildren<QPushButton*>()) {
-        if (button->text() == u"&?"_s && button->isVisible() && button->isEnabled()) {
+        const bool isHelp = button->text() == u"&?"_s || button->property("helpButton").toBool();
+        if (isHelp && button->isVisible() && button->isEnabled()) {
             return button;
         }
     }
@@ -52,7 +58,9 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void HelpKey::helpWith(QWidget* window) {
-    if (QPushButton* button = helpButton(workingWindow(window))) {
+    if (qobject_cast<HelpWindow*>(window) != nullptr) {
+        ShowHelp(window, helpPath(u"tastiera.html#guida"_s));
+    } else if (QPushButton* button = helpButton(workingWindow(window))) {
         button->click();
     } else {
         ShowHelp(window, helpPath());

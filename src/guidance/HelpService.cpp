@@ -5,6 +5,11 @@
 #include "guidance/HelpWindow.h"
 #include "toolkit/Messages.h"
 
+#include <QString>
+
+#include <memory>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quor {

@@ -5,13 +5,40 @@
 #include "guidance/HelpCollection.h"
 #include "toolkit/ImageList.h"
 
+#include <QAbstractItemView>
+#include <QAction>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHelpContentItem>
+#include <QHelpContentModel>
 #include <QHelpContentWidget>
 #include <QHelpEngine>
 #include <QHelpIndexWidget>
 #include <QHelpLink>
 #include <QHelpSearchEngine>
+#include <QHelpSearchResult>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QList>
+#include <QListWidget>
+#include <QModelIndex>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
+#include <QSplitter>
+#include <QString>
+#include <QStringList>
+#include <QTabWidget>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QToolBar>
+#include <QUrl>
+#include <QVBoxLayout>
 #include <QWindow>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +65,21 @@ QLabel* labelFor(QWidget* field, const QString& text) {
     auto* label = new QLabel(text);
     label->setBuddy(field);
     return label;
+}
+
+/// The first entry of the contents with this address, from `parent` down; invalid without one.
+QModelIndex entryOf(const QHelpContentModel& contents, const QUrl& url,
+                    const QModelIndex& parent = {}) {
+    for (int row = 0; row < contents.rowCount(parent); ++row) {
+        const QModelIndex index = contents.index(row, 0, parent);
+        if (contents.contentItemAt(index)->url() == url) {
+            return index;
+        }
+        if (const QModelIndex below = entryOf(contents, url, index); below.isValid()) {
+            return below;
+        }
+    }
+    return {};
 }
 
 } // namespace
@@ -234,9 +276,9 @@ QWidget* HelpWindow::buildPage() {
     m_findText->setAccessibleName(u"Testo da trovare nella pagina"_s);
     m_findNote = new QLabel;
     m_findNote->setObjectName(u"findNote"_s);
-    auto* previous = new QPushButton(u"&Precedente"_s);
+    auto* previous = new QPushButton(u"P&recedente"_s);
     previous->setObjectName(u"findPrevious"_s);
-    auto* next = new QPushButton(u"Su&ccessivo"_s);
+    auto* next = new QPushButton(u"S&uccessivo"_s);
     next->setObjectName(u"findNext"_s);
     auto* close = new QPushButton(u"C&hiudi"_s);
     close->setObjectName(u"findClose"_s);
@@ -279,7 +321,13 @@ void HelpWindow::follow(const QUrl& url) {
 /// Marks the page shown in the contents, as soon as those are read.
 void HelpWindow::selectInContents(const QUrl& page) {
     QHelpContentWidget* contents = m_collection->engine().contentWidget();
-    const QModelIndex index = contents->indexOf(page.adjusted(QUrl::RemoveFragment));
+    // An entry for this very place on the page comes before the one for the page. The widget's own
+    // search knows pages only.
+    const QHelpContentModel& model = *m_collection->engine().contentModel();
+    QModelIndex index = entryOf(model, page);
+    if (!index.isValid()) {
+        index = entryOf(model, page.adjusted(QUrl::RemoveFragment));
+    }
     if (index.isValid()) {
         contents->setCurrentIndex(index);
     } else {

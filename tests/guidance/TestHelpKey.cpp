@@ -1,7 +1,10 @@
 #include "TestHelpKey.h"
 
 #include "HelpProbe.h"
+#include "guidance/FAbout.h"
+#include "guidance/HelpCollection.h"
 #include "guidance/HelpKey.h"
+#include "guidance/HelpWindow.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -12,6 +15,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -102,6 +107,30 @@ void TestHelpKey::opensTheWholeHelpWithoutAButton() {
     QTest::keyClick(&window, Qt::Key_F1);
     const QStringList expected{QString(), QString(), u"window.html"_s};
     QCOMPARE(help.pages, expected);
+}
+
+void TestHelpKey::knowsTheHelpButtonOfTheAboutBox() {
+    const KeyInPlace key;
+    const HelpProbe help;
+    FAbout window(u"1"_s);
+    window.setAttribute(Qt::WA_DeleteOnClose, false);
+    window.open();
+    QVERIFY(isActive(window));
+    QTest::keyClick(&window, Qt::Key_F1);
+    QCOMPARE(help.pages, QStringList{u"contatti.html"_s});
+}
+
+void TestHelpKey::explainsTheKeysInTheHelpItself() {
+    const KeyInPlace key;
+    const HelpProbe help;
+    HelpWindow window(
+        std::make_unique<HelpCollection>(QStringLiteral(QUOR_HELP_FOLDER "/Quor.qhc")));
+    window.setAttribute(Qt::WA_DeleteOnClose, false);
+    window.showPage(u"Sistemi.html"_s);
+    window.show();
+    QVERIFY(isActive(window));
+    QTest::keyClick(&window, Qt::Key_F1);
+    QCOMPARE(help.pages, QStringList{u"tastiera.html#guida"_s});
 }
 
 void TestHelpKey::leavesOtherKeysAlone() {

@@ -11,6 +11,8 @@ class TestHelpKey : public Test {
     void pressesTheHelpButtonOfTheActiveWindow();
     void childOfTheFrameComesFirst();
     void opensTheWholeHelpWithoutAButton();
+    void knowsTheHelpButtonOfTheAboutBox();
+    void explainsTheKeysInTheHelpItself();
     void leavesOtherKeysAlone();
 };
 

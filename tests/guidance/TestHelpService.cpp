@@ -16,7 +16,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMap>
 #include <QPointer>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -166,6 +168,16 @@ void TestHelpService::contentsFollowThePage() {
     QCOMPARE(current(), u"Come scrivere le date"_s);
     trigger(help, u"back"_s);
     QCOMPARE(current(), u"Glossario"_s);
+
+    // A section that is a place on a page stays the chosen one.
+    const QModelIndex root = contents->indexOf(helpPageUrl({}));
+    const QModelIndex section = contents->model()->index(1, 0, root);
+    QCOMPARE(section.data().toString(), u"Leggere i risultati"_s);
+    emit contents->clicked(section);
+    QCOMPARE(browser(help)->source(), helpPageUrl(u"indice.html#leggere"_s));
+    QCOMPARE(current(), u"Leggere i risultati"_s);
+    trigger(help, u"home"_s);
+    QCOMPARE(current(), u"Guida di Quor"_s);
 }
 
 void TestHelpService::firstPageHasItsSheetAndPictures() {
@@ -432,6 +444,40 @@ void TestHelpService::controlsHaveNames() {
         const auto* action = part<QAction>(help, QString::fromLatin1(name));
         QVERIFY2(action != nullptr && !action->text().isEmpty(), name);
         QVERIFY2(!action->icon().isNull() && !action->shortcut().isEmpty(), name);
+    }
+}
+
+/// With the find bar open, no two things that one sees at once answer to the same letter.
+void TestHelpService::accessKeysAreTold() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf({}));
+    trigger(help, u"find"_s);
+    auto* tabs = part<QTabWidget>(help, u"tabs"_s);
+    QCOMPARE(tabs->count(), 3);
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        tabs->setCurrentIndex(tab);
+        QStringList captions;
+        for (int other = 0; other < tabs->count(); ++other) {
+            captions << tabs->tabText(other);
+        }
+        for (const auto* button : help.window()->findChildren<QPushButton*>()) {
+            if (button->isVisible()) {
+                captions << button->text();
+            }
+        }
+        for (const auto* label : help.window()->findChildren<QLabel*>()) {
+            if (label->isVisible() && label->buddy() != nullptr) {
+                captions << label->text();
+            }
+        }
+        QVERIFY(captions.size() >= 7); // the tabs and the find bar at least
+        QMap<QString, QString> owners;
+        for (const QString& caption : captions) {
+            const QString key = QKeySequence::mnemonic(caption).toString();
+            QVERIFY2(!key.isEmpty(), qPrintable(caption));
+            QVERIFY2(!owners.contains(key), qPrintable(caption + u" / "_s + owners.value(key)));
+            owners.insert(key, caption);
+        }
     }
 }
 

@@ -29,6 +29,7 @@ class TestHelpService : public Test {
     void damagedHelpIsSaid_data();
     void damagedHelpIsSaid();
     void controlsHaveNames();
+    void accessKeysAreTold();
 };
 
 } // namespace quor::test
