@@ -170,7 +170,7 @@ void MDIForm1::start(const StartRequest& request) {
     }
     case StartMode::openFile:
         if (QFileInfo::exists(request.text)) {
-            openFile(request.text);
+            openFile(QFileInfo(request.text).absoluteFilePath());
         } else {
             showError(this, u"Il file \"%1\" non esiste."_s.arg(request.text), u"Errore"_s);
         }
