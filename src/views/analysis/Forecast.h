@@ -30,9 +30,6 @@ struct DayRange {
 [[nodiscard]] std::optional<std::int32_t> findTenScale(const MeanByDay& mean, int target,
                                                        DayRange range);
 
-/// One person's mean repeats after this many days, the least common multiple of the three periods.
-inline constexpr std::int32_t meanPeriod = 23 * 28 * 33;
-
 /// Bounds for the searches of one person's forecast, in days.
 ///
 /// All day counts were tried: within one period the mean shows 10 on 63 days and -10 on 63 days,
