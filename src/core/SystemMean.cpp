@@ -54,6 +54,14 @@ void SystemMean::mean(std::int32_t first, std::span<double> means) const {
     average(meanTable(), first, means);
 }
 
+std::int32_t SystemMean::lastBirth() const {
+    std::int32_t last = 0;
+    for (const std::int32_t dayCount : m_dayCounts) {
+        last = std::max(last, -dayCount);
+    }
+    return last;
+}
+
 void SystemMean::average(const DayTable& table, std::int32_t first, std::span<double> means) const {
     const auto members = static_cast<double>(m_dayCounts.size());
     std::ranges::fill(means, 0.0);

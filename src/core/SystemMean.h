@@ -24,7 +24,9 @@ class DayTable {
   public:
     /// @param period days after which the function repeats, separately for both signs
     /// @param value the function
-    template<typename Function> DayTable(std::int32_t period, Function value) : m_period(period) {
+    template<typename Function>
+    DayTable(std::int32_t period, Function value)
+        : m_period(period) {
         m_values.reserve(2 * reach());
         for (std::int32_t day = -static_cast<std::int32_t>(reach());
              day < static_cast<std::int32_t>(reach()); ++day) {
@@ -68,6 +70,9 @@ class SystemMean {
 
     /// The same for the mean of the three cycles.
     void mean(std::int32_t first, std::span<double> means) const;
+
+    /// The offset of the last member's birth; 0 where all births are past.
+    [[nodiscard]] std::int32_t lastBirth() const;
 
   private:
     void average(const DayTable& table, std::int32_t first, std::span<double> means) const;

@@ -84,10 +84,10 @@ void TestSystemMean::equalsTheDirectSumsToTheLastBit() {
             for (std::int32_t i = 0; i < days; ++i) {
                 const double mean = means[static_cast<std::size_t>(i)];
                 const double direct = directMean(dayCounts, first + i, value);
-                QVERIFY2(sameBits(mean, direct), qPrintable(u"offset %1: %2, not %3"_s.arg(
-                                                     QString::number(first + i),
-                                                     QString::number(mean, 'g', 17),
-                                                     QString::number(direct, 'g', 17))));
+                QVERIFY2(sameBits(mean, direct),
+                         qPrintable(u"offset %1: %2, not %3"_s.arg(
+                             QString::number(first + i), QString::number(mean, 'g', 17),
+                             QString::number(direct, 'g', 17))));
             }
         };
         for (const Period period : periods) {
