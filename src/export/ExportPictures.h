@@ -1,0 +1,54 @@
+#pragma once
+
+#include "core/Biorhythm.h"
+#include "export/ExportNames.h"
+#include "toolkit/Drawing.h"
+#include "views/graph/WeekState.h"
+
+#include <QFont>
+#include <QLocale>
+#include <QSize>
+
+/// The pictures of an export: the sheets of the graph and of the weekly state at a size of their
+/// own.
+///
+/// They do not depend on the desktop: a twip is a fifteenth of a pixel, and the font is always the
+/// same one, as large as the picture has room for.
+namespace quor {
+
+/// An extent in twips, 1440 to the inch.
+struct Twips {
+    double width = 0;
+    double height = 0;
+};
+
+/// An extent in pixels, of which the desktop has 96 to the inch.
+[[nodiscard]] Twips fromPixels(QSize pixels);
+
+/// What stands in where there is no screen (1920 by 1080 pixels), and where there is no printer
+/// (A4, upright).
+[[nodiscard]] Twips defaultScreen();
+[[nodiscard]] Twips defaultPaper();
+
+/// The size of each picture: for the screen 80% of the screen's width less 200 twips by 60% of its
+/// height less 200, for print 80% of the page's width by 40% of its height.
+/// @param surface the screen or the page, as the variant asks
+/// @return pixels; nothing of a picture is left of a surface that is too small
+[[nodiscard]] QSize pictureSize(PageVariant variant, const Twips& surface);
+
+/// A drawing with the font that it is made for.
+struct ExportPicture {
+    Drawing drawing;
+    QFont font;
+    QSize size;
+};
+
+/// The record's graph with its colours, span, day numbers and shown elements.
+[[nodiscard]] ExportPicture graphPicture(const Biorhythm& biorhythm, QSize size,
+                                         const QLocale& locale = QLocale());
+
+/// One row of the record's weekly state.
+[[nodiscard]] ExportPicture weekPicture(const Biorhythm& biorhythm, WeekRow row, QSize size,
+                                        const QLocale& locale = QLocale());
+
+} // namespace quor
