@@ -5,10 +5,12 @@
 #include "shell/ApplicationSetup.h"
 #include "shell/CommandLine.h"
 #include "shell/EndRequests.h"
+#include "shell/Folders.h"
 #include "shell/MDIForm1.h"
 #include "toolkit/ShowHelp.h"
 
 #include <QApplication>
+#include <QTextStream>
 #include <QTimer>
 
 #include <cstdio>
@@ -38,6 +40,22 @@ void reportNoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, cons
     }
 }
 
+/// Exports without a window, on whatever machine. @return the exit status
+int exportWithoutScreen(int& argc, char** argv, const quor::BatchRequest& request) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv); // for the fonts
+    QGuiApplication::setApplicationName(u"quor"_s);
+    quor::setUpLocale();
+    quor::BatchRequest batch = request;
+    if (batch.outputFolder.isEmpty()) {
+        batch.outputFolder =
+            quor::prepareFolders(QGuiApplication::applicationDirPath()).exports;
+    }
+    QTextStream output(stdout);
+    QTextStream errors(stderr);
+    return quor::exportBatch(batch, output, errors);
+}
+
 /// What can be answered without a screen. @return the exit status, or -1 when the frame is wanted
 int answerWithoutScreen(const quor::StartRequest& request) {
     switch (request.mode) {
@@ -62,8 +80,12 @@ int main(int argc, char* argv[]) {
     for (int i = 1; i < argc; ++i) {
         arguments << QString::fromLocal8Bit(argv[i]);
     }
-    if (const int status = answerWithoutScreen(quor::parseArguments(arguments)); status >= 0) {
+    const quor::StartRequest early = quor::parseArguments(arguments);
+    if (const int status = answerWithoutScreen(early); status >= 0) {
         return status;
+    }
+    if (early.mode == quor::StartMode::exportFile) {
+        return exportWithoutScreen(argc, argv, early.batch);
     }
 
     const auto previousHandler = qInstallMessageHandler(reportNoDisplay);

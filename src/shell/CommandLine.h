@@ -1,5 +1,7 @@
 #pragma once
 
+#include "export/ExportBatch.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -15,6 +17,7 @@ enum class StartMode : std::uint8_t {
     plain,           ///< nothing named
     commandLineText, ///< `text` is the text as it is
     openFile,        ///< `text` is a file named in the ordinary way
+    exportFile,      ///< `batch` says what to export, without a window
     showHelp,
     showVersion,
     wrongUse, ///< `text` says what is wrong
@@ -23,6 +26,7 @@ enum class StartMode : std::uint8_t {
 struct StartRequest {
     StartMode mode = StartMode::plain;
     QString text;
+    BatchRequest batch;
 };
 
 /// @param arguments without the program's name

@@ -29,6 +29,18 @@ void TestCommandLine::options_data() {
         u"l'opzione --open vuole il nome di un file"_s);
     row("help with a value", {u"--help=5"_s}, StartMode::wrongUse,
         u"un'opzione ha un valore di troppo: --help=5"_s);
+    row("export nothing", {u"--export"_s}, StartMode::wrongUse,
+        u"l'opzione --export vuole il nome di un file"_s);
+    row("export to nowhere", {u"--export"_s, u"a.bio"_s, u"--output"_s}, StartMode::wrongUse,
+        u"l'opzione --output vuole il nome di una cartella"_s);
+    row("export for no date", {u"--export"_s, u"a.bio"_s, u"--date"_s}, StartMode::wrongUse,
+        u"l'opzione --date vuole una data"_s);
+    row("print without export", {u"--print"_s}, StartMode::wrongUse,
+        u"l'opzione --print vale solo con --export"_s);
+    row("output without export", {u"--open"_s, u"a.bio"_s, u"--output=x"_s}, StartMode::wrongUse,
+        u"l'opzione --output vale solo con --export"_s);
+    row("open and export", {u"--open"_s, u"a.bio"_s, u"--export"_s, u"a.bio"_s},
+        StartMode::wrongUse, u"le opzioni --open e --export non vanno insieme"_s);
     row("too much", {u"--open"_s, u"a.bio"_s, u"b.bio"_s}, StartMode::wrongUse,
         u"argomento di troppo: b.bio"_s);
 }
@@ -40,6 +52,23 @@ void TestCommandLine::options() {
     const StartRequest request = parseArguments(arguments);
     QCOMPARE(static_cast<int>(request.mode), mode);
     QCOMPARE(request.text, text);
+}
+
+void TestCommandLine::exportsWithoutAWindow() {
+    StartRequest request = parseArguments({u"--export"_s, u"a b.bio"_s});
+    QVERIFY(request.mode == StartMode::exportFile);
+    QCOMPARE(request.batch.file, u"a b.bio"_s);
+    QVERIFY(!request.batch.forPrint);
+    QCOMPARE(request.batch.outputFolder, QString());
+    QCOMPARE(request.batch.date, QString());
+
+    request = parseArguments({u"--date"_s, u"13 Nov 1945"_s, u"--print"_s, u"--export=s.brs"_s,
+                              u"--output"_s, u"/x/y"_s});
+    QVERIFY(request.mode == StartMode::exportFile);
+    QCOMPARE(request.batch.file, u"s.brs"_s);
+    QVERIFY(request.batch.forPrint);
+    QCOMPARE(request.batch.outputFolder, u"/x/y"_s);
+    QCOMPARE(request.batch.date, u"13 Nov 1945"_s);
 }
 
 void TestCommandLine::textIsJoinedByBlanks() {
@@ -87,7 +116,8 @@ void TestCommandLine::endings() {
 }
 
 void TestCommandLine::usageNamesEveryOption() {
-    for (const QString& option : {u"--open"_s, u"--help"_s, u"--version"_s}) {
+    for (const QString& option : {u"--open"_s, u"--export"_s, u"--print"_s, u"--output"_s, u"--date"_s, u"--help"_s,
+                                  u"--version"_s}) {
         QVERIFY(usageText().contains(option));
     }
 }

@@ -10,6 +10,7 @@ class TestCommandLine : public Test {
   private slots:
     void options_data();
     void options();
+    void exportsWithoutAWindow();
     void textIsJoinedByBlanks();
     void firstAndLastCharacterGo_data();
     void firstAndLastCharacterGo();

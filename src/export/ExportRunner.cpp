@@ -1,0 +1,82 @@
+#include "export/ExportRunner.h"
+
+#include "export/ExportPictures.h"
+#include "export/FEsp.h"
+
+#include <QPrinterInfo>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+ExportRunner::ExportRunner(Program& program, Frame& frame, ExportRequest request, QWidget* owner)
+    : QObject(owner)
+    , m_run(program, std::move(request))
+    , m_frame(frame.widget())
+    , m_progress(new FEsp(owner)) {
+    if (m_frame != nullptr) {
+        m_frameWasEnabled = m_frame->isEnabled();
+        m_frame->setEnabled(false);
+    }
+    m_progress->startRun(m_run.steps(),
+                         u"Un attimo di pazienza mentre esporto le immagini"_s);
+    m_progress->show();
+    connect(&m_steps, &QTimer::timeout, this, &ExportRunner::advance);
+    m_steps.start(0);
+}
+
+ExportRunner::~ExportRunner() {
+    if (m_steps.isActive()) {
+        release();
+    }
+}
+
+/// Shows what comes next, and a turn of the event loop later makes it.
+void ExportRunner::advance() {
+    if (m_run.isOver()) {
+        release();
+        emit finished(m_run.summaryPath(), m_run.errorText());
+        return;
+    }
+    if (!m_announced) {
+        m_progress->beginProduct(m_run.caption());
+        m_announced = true;
+        return;
+    }
+    m_announced = false;
+    const ExportResult result = m_run.next();
+    m_progress->endProduct();
+    emit logged(result.logLine);
+}
+
+void ExportRunner::release() {
+    m_steps.stop();
+    if (m_frame != nullptr) {
+        m_frame->setEnabled(m_frameWasEnabled);
+    }
+    if (m_progress != nullptr) {
+        m_progress->finishRun();
+        if (m_closesProgress) {
+            m_progress->close();
+        }
+    }
+}
+
+QSize exportPictureSize(PageVariant variant, const QWidget& window) {
+    if (variant == PageVariant::screen) {
+        const QScreen* screen = window.screen();
+        return pictureSize(variant, fromPixels(screen->size() * screen->devicePixelRatio()));
+    }
+    const QPrinterInfo printer = QPrinterInfo::defaultPrinter();
+    const QPageSize page = printer.isNull() ? QPageSize() : printer.defaultPageSize();
+    if (!page.isValid()) {
+        return pictureSize(variant, defaultPaper());
+    }
+    constexpr double twipsPerPoint = 20;
+    const QSizeF points = page.size(QPageSize::Point);
+    return pictureSize(variant, {.width = points.width() * twipsPerPoint,
+                                 .height = points.height() * twipsPerPoint});
+}
+
+} // namespace quor
