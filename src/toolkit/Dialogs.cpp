@@ -1,5 +1,7 @@
 #include "toolkit/Dialogs.h"
 
+#include "toolkit/SystemPrintDialog.h"
+
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFontMetrics>
@@ -89,6 +91,10 @@ class RealDialogHost : public DialogHost {
                                  const QString& title) override {
         const QColor chosen = QColorDialog::getColor(initial, parent, title);
         return chosen.isValid() ? std::optional(chosen) : std::nullopt;
+    }
+
+    std::optional<PrintChoice> print(QWidget* parent, const PrintRequest& request) override {
+        return showSystemPrintDialog(parent, request);
     }
 };
 

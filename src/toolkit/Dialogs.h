@@ -2,14 +2,16 @@
 
 #include <QColor>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
+#include <vector>
 
 class QWidget;
 
-/// The door through which every box reaches the screen: message boxes, input boxes, file and colour
-/// dialogs. The program calls `Messages` and `FileDialogs`; behind them stands a `DialogHost`, the
-/// real one unless a test has put its script there.
+/// The door through which every box reaches the screen: message boxes, input boxes, file, colour
+/// and print dialogs. The program calls `Messages`, `FileDialogs` and `PrintDialog`; behind them
+/// stands a `DialogHost`, the real one unless a test has put its script there.
 namespace quor {
 
 /// The answers keep the numbers that a platform's message box gives.
@@ -32,6 +34,31 @@ struct FileRequest {
     QString folder;
 };
 
+/// What is to be printed.
+struct PrintRequest {
+    QString title;     ///< of the dialog
+    QString document;  ///< name of the document, and of the file that is proposed for it
+    int pageCount = 1; ///< a choice of pages is offered only when there is one
+};
+
+/// Pages from `first` to `last`, both counted from 1 and included.
+struct PageSpan {
+    int first = 1;
+    int last = 1;
+
+    friend bool operator==(const PageSpan&, const PageSpan&) = default;
+};
+
+/// Where to print and how: to a printer or into a PDF file, one of the two is empty.
+struct PrintChoice {
+    QString printer; ///< name of the print queue
+    QString file;    ///< path of the PDF file
+    int copies = 1;
+    bool collate = true;
+    std::vector<PageSpan> pages{}; ///< empty for all
+    QStringList options{};         ///< of the print queue: "sides=two-sided-long-edge"
+};
+
 class DialogHost {
   public:
     DialogHost() = default;
@@ -49,6 +76,8 @@ class DialogHost {
     /// Nothing when cancelled.
     virtual std::optional<QColor> colour(QWidget* parent, const QColor& initial,
                                          const QString& title) = 0;
+    /// Nothing when cancelled.
+    virtual std::optional<PrintChoice> print(QWidget* parent, const PrintRequest& request) = 0;
 };
 
 /// The host in use.

@@ -21,6 +21,10 @@ QString describeFile(FileMode mode, const QString& title, const QString& filter,
     return describe(mode == FileMode::open ? u"open"_s : u"save"_s, {title, filter, folder});
 }
 
+QString describePrint(const QString& title, const QString& document, int pageCount) {
+    return describe(u"print"_s, {title, document, QString::number(pageCount)});
+}
+
 } // namespace
 
 ScriptedDialogs::ScriptedDialogs()
@@ -68,6 +72,15 @@ void ScriptedDialogs::expectColour(const QString& title, const QColor& initial,
                        .colour = answer});
 }
 
+void ScriptedDialogs::expectPrint(const QString& title, const QString& document, int pageCount,
+                                  const std::optional<PrintChoice>& answer) {
+    m_steps.push_back({.box = describePrint(title, document, pageCount),
+                       .answer = Answer::ok,
+                       .text = {},
+                       .colour = {},
+                       .print = answer});
+}
+
 bool ScriptedDialogs::finished() {
     for (const Step& step : m_steps) {
         QTest::qFail(qPrintable(u"never came: "_s + step.box), __FILE__, __LINE__);
@@ -104,6 +117,11 @@ QString ScriptedDialogs::file(QWidget* /*parent*/, const FileRequest& request) {
 std::optional<QColor> ScriptedDialogs::colour(QWidget* /*parent*/, const QColor& initial,
                                               const QString& title) {
     return take(describe(u"colour"_s, {title, initial.name()})).colour;
+}
+
+std::optional<PrintChoice> ScriptedDialogs::print(QWidget* /*parent*/,
+                                                  const PrintRequest& request) {
+    return take(describePrint(request.title, request.document, request.pageCount)).print;
 }
 
 } // namespace quor::test

@@ -30,6 +30,9 @@ class ScriptedDialogs : public DialogHost {
                     const QString& folder, const QString& path);
     void expectColour(const QString& title, const QColor& initial,
                       const std::optional<QColor>& answer);
+    /// @param answer nothing for a cancelled dialog
+    void expectPrint(const QString& title, const QString& document, int pageCount,
+                     const std::optional<PrintChoice>& answer);
 
     /// Every expected box came. Says what is missing if not.
     [[nodiscard]] bool finished();
@@ -39,6 +42,7 @@ class ScriptedDialogs : public DialogHost {
     QString file(QWidget* parent, const FileRequest& request) override;
     std::optional<QColor> colour(QWidget* parent, const QColor& initial,
                                  const QString& title) override;
+    std::optional<PrintChoice> print(QWidget* parent, const PrintRequest& request) override;
 
   private:
     struct Step {
@@ -46,6 +50,7 @@ class ScriptedDialogs : public DialogHost {
         Answer answer = Answer::ok;
         QString text; ///< what is typed or chosen
         std::optional<QColor> colour;
+        std::optional<PrintChoice> print{};
     };
 
     Step take(const QString& box);

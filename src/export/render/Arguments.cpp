@@ -38,12 +38,8 @@ std::optional<double> parseMargin(const QString& text) {
 } // namespace
 
 Arguments parseArguments(const QStringList& words) {
-    Arguments arguments{.help = false,
-                        .fault = {},
-                        .page = {},
-                        .pdf = {},
-                        .paper = a4,
-                        .margin = usualMargin};
+    Arguments arguments{
+        .help = false, .fault = {}, .page = {}, .pdf = {}, .paper = a4, .margin = usualMargin};
     const auto wrong = [&arguments](const QString& fault) {
         arguments.fault = fault;
         return arguments;
@@ -90,7 +86,8 @@ Arguments parseArguments(const QStringList& words) {
 
 QString usageText() {
     return u"Uso: quor-render [OPZIONI] PAGINA.html FILE.pdf\n"
-           "Impagina una pagina HTML di questo computer in un file PDF. Gli script della pagina non\n"
+           "Impagina una pagina HTML di questo computer in un file PDF. Gli script della pagina "
+           "non\n"
            "vengono eseguiti; della rete, e dei file fuori dalla sua cartella, non legge nulla.\n"
            "\n"
            "  --paper LxA   foglio in millimetri (210x297 se non indicato)\n"

@@ -88,8 +88,8 @@ void PagePrinter::write(const QByteArray& pdf) {
     if (file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size() && file.commit()) {
         emit finished(done, {});
     } else {
-        emit finished(writeFailed, u"il file non si può scrivere: %1: %2"_s.arg(m_arguments.pdf,
-                                                                               file.errorString()));
+        emit finished(writeFailed, u"il file non si può scrivere: %1: %2"_s.arg(
+                                       m_arguments.pdf, file.errorString()));
     }
 }
 

@@ -20,9 +20,9 @@ void print(FILE* stream, const QString& text) {
     std::fputs(text.toUtf8().constData(), stream);
 }
 
-/// The engine talks a lot on standard error, from several processes; none of it is for whoever waits
-/// for the file. What is said there after this is lost; the stream returned is the old one, for our
-/// one line.
+/// The engine talks a lot on standard error, from several processes; none of it is for whoever
+/// waits for the file. What is said there after this is lost; the stream returned is the old one,
+/// for our one line.
 FILE* takeStandardError() {
     const int kept = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     FILE* stream = kept < 0 ? nullptr : fdopen(kept, "w");
@@ -66,8 +66,7 @@ int main(int argc, char* argv[]) {
         return done;
     }
     if (!arguments.fault.isEmpty()) {
-        print(stderr,
-              u"quor-render: %1\nProvare: quor-render --help\n"_s.arg(arguments.fault));
+        print(stderr, u"quor-render: %1\nProvare: quor-render --help\n"_s.arg(arguments.fault));
         return wrongUse;
     }
 

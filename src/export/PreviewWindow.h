@@ -1,0 +1,61 @@
+#pragma once
+
+#include "export/PrintDocument.h"
+
+#include <QBuffer>
+#include <QDialog>
+
+#include <memory>
+
+class QAction;
+class QPdfDocument;
+
+namespace quor {
+
+namespace Ui {
+class PreviewWindow;
+}
+
+/// Shows finished pages as they will be on paper: turn them, look closer, print them. It stays open
+/// beside its parent and is deleted when it closes.
+class PreviewWindow : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit PreviewWindow(QWidget* parent = nullptr);
+    ~PreviewWindow() override;
+    PreviewWindow(const PreviewWindow&) = delete;
+    PreviewWindow& operator=(const PreviewWindow&) = delete;
+    PreviewWindow(PreviewWindow&&) = delete;
+    PreviewWindow& operator=(PreviewWindow&&) = delete;
+
+    /// Shows these pages from the first one on.
+    void setDocument(const PrintableDocument& document);
+
+    /// Counted from 0.
+    [[nodiscard]] int currentPage() const;
+    [[nodiscard]] int pageCount() const;
+    /// 1 is the size of the paper.
+    [[nodiscard]] double zoom() const;
+
+    void goToPage(int page);
+    void zoomIn();
+    void zoomOut();
+    void fitWidth();
+    void fitPage();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void connectActions();
+    void setZoom(double zoom);
+    void showState();
+
+    std::unique_ptr<Ui::PreviewWindow> m_ui;
+    PrintableDocument m_document;
+    std::unique_ptr<QBuffer> m_buffer; ///< outlives the pages that read it
+    std::unique_ptr<QPdfDocument> m_pages;
+};
+
+} // namespace quor

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "toolkit/Dialogs.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <span>
+
+class QPdfDocument;
+class QPrinter;
+class QWidget;
+
+/// Printing of finished pages.
+namespace quor {
+
+/// Pages as they come from the engine.
+struct PrintableDocument {
+    QByteArray pdf;
+    QString name; ///< what the print queue shows, and the file that is proposed
+};
+
+/// Asks where and how, and prints. A file gets the very pages; a print queue gets the very file,
+/// handed over in the background; where there is no print system to hand it to, the pages are
+/// painted. What goes wrong is told in a box.
+/// @param parent of the boxes; may go before the handing over is done
+void printDocument(QWidget* parent, const PrintableDocument& document);
+
+/// Paints pages on a printer, each as large as its sheet allows.
+/// @param spans empty for all pages
+/// @return false when the printer does not take them
+bool paintPages(QPrinter& printer, QPdfDocument& document, std::span<const PageSpan> spans);
+
+} // namespace quor
