@@ -1,0 +1,23 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestFStampaBio : public Test {
+    Q_OBJECT
+
+  private slots:
+    void wearsTheModeAndHasEverythingChosen();
+    void pageGoesWithItsPictures();
+    void exportsWhatIsMissingAndPreviews();
+    void printsWhatIsThere();
+    void exportsAgainWhenOnePieceIsMissing();
+    void failedExportIsTold();
+    void failedRendererIsTold_data();
+    void failedRendererIsTold();
+    void pageThatIsNotThereIsTold();
+    void closingInTheMiddleLeavesNothing();
+};
+
+} // namespace quor::test
