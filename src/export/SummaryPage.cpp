@@ -4,6 +4,7 @@
 #include "storage/Cp1252.h"
 #include "views/graph/WeekState.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quor {
@@ -191,18 +192,23 @@ QByteArray colourHex(Colour colour) {
 }
 
 QByteArray pictureAddress(const QString& fileName) {
+    // The page does not name its character set. A browser guesses it from the letters beyond ASCII,
+    // and guesses wrong when a name has several ("Mosè D'Aloè"); such an address does without them.
+    const auto beyondAscii =
+        std::count_if(fileName.begin(), fileName.end(), [](QChar c) { return c.unicode() > 0x7F; });
     QByteArray address;
     for (qsizetype i = 0; i < fileName.size(); ++i) {
         const bool pair = fileName[i].isHighSurrogate() && i + 1 < fileName.size();
         const QString character = fileName.sliced(i, pair ? 2 : 1);
         i += pair ? 1 : 0;
+        const char16_t code = character[0].unicode();
         const QByteArray bytes = toCp1252(character);
-        const bool changesAddress =
-            character.size() == 1 && QStringView(u"%#?\"<>").contains(character[0]);
-        const bool blankInFront = address.isEmpty() && character[0].isSpace();
-        if (character == QChar(u'&')) {
+        const bool unsafe = code > 0x7F ? beyondAscii > 1 || fromCp1252(bytes) != character
+                                        : QStringView(u"%#?\"<>").contains(character[0]) ||
+                                              (code == u' ' && address.isEmpty());
+        if (code == u'&') {
             address += "&amp;";
-        } else if (changesAddress || blankInFront || fromCp1252(bytes) != character) {
+        } else if (unsafe) {
             address += character.toUtf8().toPercentEncoding();
         } else {
             address += bytes;

@@ -30,9 +30,10 @@ struct SummarySections {
 /// read from its end: the last two digits, the third and fourth, the first two.
 [[nodiscard]] QByteArray colourHex(Colour colour);
 
-/// A file beside the page as the address of a picture. It is the name as it stands, but what would
-/// end or change an address ("%", "#", "?", a blank in front) and what the page's character set
-/// lacks are percent-encoded in UTF-8, and an ampersand is an entity.
+/// A file beside the page as the address of a picture: the name as it stands, with these
+/// exceptions. What would end or change an address ("%", "#", "?", a blank in front), a character
+/// that the page's character set lacks, and all characters beyond ASCII where there are more than
+/// one, are percent-encoded in UTF-8; an ampersand is an entity.
 [[nodiscard]] QByteArray pictureAddress(const QString& fileName);
 
 } // namespace quor
