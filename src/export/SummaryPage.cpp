@@ -11,6 +11,8 @@ namespace quor {
 
 namespace {
 
+constexpr char16_t lastAscii = 0x7F;
+
 /// A text of the user between tags. It is converted on its own, so that its first character is
 /// never composed with the end of the tag before it.
 QByteArray shown(const QString& text) {
@@ -24,6 +26,7 @@ class SummaryWriter {
                   const QLocale& locale)
         : m_biorhythm(biorhythm)
         , m_prefix(prefix)
+        , m_accents(accentsInAddresses(biorhythm.name, prefix))
         , m_forScreen(variant == PageVariant::screen)
         , m_locale(locale) {}
 
@@ -119,8 +122,8 @@ class SummaryWriter {
         return shown(shortDate(date, m_locale));
     }
 
-    static QByteArray picture(const QString& fileName) {
-        return "<IMG src=\"" + pictureAddress(fileName) + "\" alt=\"\" border=\"1\">";
+    [[nodiscard]] QByteArray picture(const QString& fileName) const {
+        return "<IMG src=\"" + pictureAddress(fileName, m_accents) + "\" alt=\"\" border=\"1\">";
     }
 
     void openTable() { line("<TABLE width=\"100%\" class=\"c1\">"); }
@@ -163,6 +166,7 @@ class SummaryWriter {
 
     const Biorhythm& m_biorhythm;
     const QString& m_prefix;
+    Accents m_accents;
     bool m_forScreen;
     const QLocale& m_locale;
     QByteArray m_page;
@@ -191,11 +195,7 @@ QByteArray colourHex(Colour colour) {
     return digits.last(2) + digits.sliced(2, 2) + digits.first(2);
 }
 
-QByteArray pictureAddress(const QString& fileName) {
-    // The page does not name its character set. A browser guesses it from the letters beyond ASCII,
-    // and guesses wrong when a name has several ("Mosè D'Aloè"); such an address does without them.
-    const auto beyondAscii =
-        std::count_if(fileName.begin(), fileName.end(), [](QChar c) { return c.unicode() > 0x7F; });
+QByteArray pictureAddress(const QString& fileName, Accents accents) {
     QByteArray address;
     for (qsizetype i = 0; i < fileName.size(); ++i) {
         const bool pair = fileName[i].isHighSurrogate() && i + 1 < fileName.size();
@@ -203,9 +203,10 @@ QByteArray pictureAddress(const QString& fileName) {
         i += pair ? 1 : 0;
         const char16_t code = character[0].unicode();
         const QByteArray bytes = toCp1252(character);
-        const bool unsafe = code > 0x7F ? beyondAscii > 1 || fromCp1252(bytes) != character
-                                        : QStringView(u"%#?\"<>").contains(character[0]) ||
-                                              (code == u' ' && address.isEmpty());
+        const bool unsafe = code > lastAscii
+                                ? accents == Accents::encoded || fromCp1252(bytes) != character
+                                : QStringView(u"%#?\"<>").contains(character[0]) ||
+                                      (code == u' ' && address.isEmpty());
         if (code == u'&') {
             address += "&amp;";
         } else if (unsafe) {
@@ -215,6 +216,13 @@ QByteArray pictureAddress(const QString& fileName) {
         }
     }
     return address;
+}
+
+Accents accentsInAddresses(const QString& name, const QString& prefix) {
+    const QString seen = prefix.contains(fileNamePart(name)) ? prefix : prefix + name;
+    const auto beyondAscii =
+        std::count_if(seen.begin(), seen.end(), [](QChar c) { return c.unicode() > lastAscii; });
+    return beyondAscii > 1 ? Accents::encoded : Accents::kept;
 }
 
 } // namespace quor

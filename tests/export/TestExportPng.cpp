@@ -9,6 +9,7 @@
 #include <csignal>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -117,6 +118,27 @@ void TestExportPng::tooLarge() {
     QCOMPARE(ExportPng(Drawing(), QFont(), {32'000, 32'000}, folder.path(u"a.png"_s)),
              pngOutOfMemory);
     QCOMPARE(folder.files(), QStringList());
+}
+
+void TestExportPng::outOfMemory() {
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("the sanitizer reserves more addresses than this test leaves");
+#else
+    const Folder folder;
+    QFile statm(u"/proc/self/statm"_s);
+    QVERIFY(statm.open(QIODevice::ReadOnly));
+    const rlim_t used = statm.readAll().split(' ').constFirst().toULongLong() *
+                        static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+    rlimit old{};
+    QCOMPARE(getrlimit(RLIMIT_AS, &old), 0);
+    const rlimit tight{.rlim_cur = used + 64 * 1024 * 1024, .rlim_max = old.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_AS, &tight), 0);
+    const std::uint8_t code =
+        ExportPng(Drawing(), QFont(), {10'000, 10'000}, folder.path(u"a.png"_s));
+    QCOMPARE(setrlimit(RLIMIT_AS, &old), 0);
+    QCOMPARE(code, pngOutOfMemory);
+    QCOMPARE(folder.files(), QStringList());
+#endif
 }
 
 void TestExportPng::noFolder() {

@@ -12,6 +12,7 @@ class TestExportPng : public Test {
     void replacesAnOldPicture();
     void withoutASize();
     void tooLarge();
+    void outOfMemory();
     void noFolder();
     void aFolderInTheWay();
     void aDeviceIsNotReplaced();

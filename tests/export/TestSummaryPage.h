@@ -12,6 +12,7 @@ class TestSummaryPage : public Test {
     void colours();
     void addresses_data();
     void addresses();
+    void severalAccentsAreEncoded();
     void theWeekOfASunday();
     void damagedSpansShowADay();
 };

@@ -6,9 +6,11 @@ Usage: page_reference.py DRIVER
 import datetime
 import json
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
+import urllib.parse
 
 TODAY = "2026-11-21"
 CURVES = [0xFF0000, 0x0000FF, 0x00FF00, 0x00FFFF]
@@ -63,6 +65,8 @@ def prefix(person: tuple, for_print: bool) -> str:
 def page(person: tuple, for_print: bool, graph: bool, weekly: bool) -> bytes:
     _, birth, calculation, adjust, curves, week, _, _, name = person
     source = prefix(person, for_print).replace("&", "&amp;")
+    if len(re.findall("[^ -~]", source)) > 1:
+        source = re.sub("[^ -~]", lambda letter: urllib.parse.quote(letter[0]), source)
     centre = day(calculation)
     around = datetime.timedelta(days=20 + adjust)
     lines = [
