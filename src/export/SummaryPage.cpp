@@ -35,7 +35,7 @@ class SummaryWriter {
         line("<HTML>");
         line("<HEAD>");
         line("<TITLE>Riepilogo dati bioritmici di " + shown(m_biorhythm.name) + "</TITLE>");
-        line("<META name=\"generator\" content=\"Quor v1.0\">");
+        line(R"(<META name="generator" content="Quor v1.0">)");
         line("<STYLE>");
         line("BODY    { font-size: 12pt; background-color: #DDDDFF; color: #000000; margin: 5%; }");
         line("TABLE   { font-size: 12pt; border-width: 0px; }");
@@ -87,10 +87,10 @@ class SummaryWriter {
         openInnerTable();
         constexpr std::array cycles{WeekRow::physical, WeekRow::emotional, WeekRow::intellectual};
         for (std::size_t i = 0; i < cycles.size(); ++i) {
-            writeCell("width=\"33%\" align=\"center\"", picture(weekFile(m_prefix, cycles.at(i))),
-                      i, cycles.size());
+            writeCell(R"(width="33%" align="center")", picture(weekFile(m_prefix, cycles.at(i))), i,
+                      cycles.size());
         }
-        writeCell("colspan=\"3\" align=\"center\"", picture(weekFile(m_prefix, WeekRow::mean)), 0,
+        writeCell(R"(colspan="3" align="center")", picture(weekFile(m_prefix, WeekRow::mean)), 0,
                   1);
         constexpr std::array labels{"Giorni critici", "Giorni stabili", "Giorni ottimi"};
         constexpr std::array sides{"left", "center", "right"};
@@ -123,10 +123,10 @@ class SummaryWriter {
     }
 
     [[nodiscard]] QByteArray picture(const QString& fileName) const {
-        return "<IMG src=\"" + pictureAddress(fileName, m_accents) + "\" alt=\"\" border=\"1\">";
+        return "<IMG src=\"" + pictureAddress(fileName, m_accents) + R"(" alt="" border="1">)";
     }
 
-    void openTable() { line("<TABLE width=\"100%\" class=\"c1\">"); }
+    void openTable() { line(R"(<TABLE width="100%" class="c1">)"); }
 
     void openSection() {
         if (m_forScreen) {

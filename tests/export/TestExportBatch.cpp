@@ -153,6 +153,12 @@ void TestExportBatch::aSystemsFile() {
     QCOMPARE(batch.files(u"out"_s).size(), 12);
     QVERIFY(batch.files(u"out"_s).contains(u"Casa_Bruno_15-03-2004_Riepilogo.html"_s));
 
+    // Ten members are announced, and lines for one and a half are there.
+    const QString damaged =
+        batch.write(u"Rotto.brs"_s, "10\r\n\"Anna\"\r\n#1981-12-25#\r\n\"Bruno\"\r\n");
+    QCOMPARE(batch.run({.file = damaged, .outputFolder = batch.path(u"out3"_s), .date = {}}), 0);
+    QCOMPARE(batch.files(u"out3"_s).size(), 12);
+
     const QString empty =
         batch.write(u"Vuoto.brs"_s, QByteArray("0\r\n#2004-03-15#\r\n") + options);
     QCOMPARE(batch.run({.file = empty, .outputFolder = batch.path(u"out2"_s), .date = {}}), 1);
