@@ -4,6 +4,7 @@
 // does only what nobody could leave out; Quor starts from a day count. The repetitions of both are
 // interleaved at random, and the last lines compare the medians.
 
+#include "Bare.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/DrawingPainter.h"
 #include "views/graph/GraphDrawing.h"
@@ -12,7 +13,6 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPixmap>
-#include <QPolygon>
 
 #include <benchmark/benchmark.h>
 
@@ -62,82 +62,8 @@ void paintQuor(benchmark::State& state, const Case& c) {
     }
 }
 
-/// A drawing taken apart, in the order in which it is painted.
-struct Bare {
-    enum class Kind : std::uint8_t { line, curve, box, text };
-    struct Step {
-        Kind kind;
-        std::uint32_t index; ///< into the vector of the kind
-        std::uint32_t pen;   ///< into `pens`
-    };
-    std::vector<Step> steps;
-    std::vector<QPen> pens;
-    std::vector<Stroke> strokes; ///< of the pens, while the drawing is taken apart
-    std::vector<QLine> lines;
-    std::vector<QPolygon> curves;
-    std::vector<std::pair<QRect, QColor>> boxes;
-    std::vector<std::pair<QPoint, QString>> texts;
-
-    explicit Bare(const Drawing& drawing) {
-        const int ascent = QFontMetrics(QGuiApplication::font()).ascent();
-        for (const Primitive& primitive : drawing.primitives) {
-            if (const auto* line = std::get_if<Line>(&primitive)) {
-                add(Kind::line, lines.size(), line->stroke);
-                lines.emplace_back(line->from, line->to);
-            } else if (const auto* curve = std::get_if<Curve>(&primitive)) {
-                add(Kind::curve, curves.size(), curve->stroke);
-                curves.push_back(
-                    QPolygon(QList<QPoint>(curve->points.begin(), curve->points.end())));
-            } else if (const auto* box = std::get_if<FilledBox>(&primitive)) {
-                add(Kind::box, boxes.size(), {});
-                boxes.emplace_back(box->area, toQColor(box->fill));
-            } else if (const auto* text = std::get_if<Text>(&primitive)) {
-                add(Kind::text, texts.size(), {.colour = text->colour});
-                texts.emplace_back(text->topLeft + QPoint(0, ascent), text->text);
-            }
-        }
-    }
-
-    void paint(QPainter& painter) const {
-        auto current = static_cast<std::uint32_t>(-1);
-        for (const Step& step : steps) {
-            if (step.kind != Kind::box && step.pen != current) {
-                current = step.pen;
-                painter.setPen(pens[current]);
-            }
-            switch (step.kind) {
-            case Kind::line:
-                painter.drawLine(lines[step.index]);
-                break;
-            case Kind::curve:
-                painter.setRenderHint(QPainter::Antialiasing, true);
-                painter.drawPolyline(curves[step.index]);
-                painter.setRenderHint(QPainter::Antialiasing, false);
-                break;
-            case Kind::box:
-                painter.fillRect(boxes[step.index].first, boxes[step.index].second);
-                break;
-            case Kind::text:
-                painter.drawText(texts[step.index].first, texts[step.index].second);
-                break;
-            }
-        }
-    }
-
-  private:
-    void add(Kind kind, std::size_t index, const Stroke& stroke) {
-        auto found = std::find(strokes.begin(), strokes.end(), stroke);
-        if (found == strokes.end()) {
-            found = strokes.insert(strokes.end(), stroke);
-            pens.push_back(toQPen(stroke));
-        }
-        steps.push_back({kind, static_cast<std::uint32_t>(index),
-                         static_cast<std::uint32_t>(found - strokes.begin())});
-    }
-};
-
 void paintBare(benchmark::State& state, const Case& c) {
-    const Bare bare(graph(c));
+    const Bare bare(graph(c), QGuiApplication::font());
     QPixmap pixmap = sheet(c);
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&pixmap);
@@ -153,7 +79,7 @@ bool paintTheSame(const Case& c) {
         QPainter quorPainter(&quorPixmap);
         paint(quorPainter, graph(c));
         QPainter barePainter(&barePixmap);
-        Bare(graph(c)).paint(barePainter);
+        Bare(graph(c), QGuiApplication::font()).paint(barePainter);
     }
     return quorPixmap.toImage() == barePixmap.toImage();
 }

@@ -15,7 +15,9 @@
 #include <QFileInfo>
 #include <QTextStream>
 
+#include <algorithm>
 #include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -40,7 +42,12 @@ std::optional<QString> openSystem(const QString& path, Program& program) {
     readSystemFile(path, program);
     program.state.systemFilePath = path;
     program.state.systemOpen = true;
-    if (program.state.systemCount <= 0 || program.state.systemMembers.empty()) {
+    // What is left of a damaged file may hold members without a name and a birth.
+    std::vector<SystemMember>& members = program.state.systemMembers;
+    members.resize(static_cast<std::size_t>(std::max<int>(program.state.systemCount, 0)));
+    std::erase(members, SystemMember{});
+    program.state.systemCount = static_cast<std::int16_t>(members.size());
+    if (members.empty()) {
         return u"il sistema non contiene nessuna persona: "_s + path;
     }
     return std::nullopt;

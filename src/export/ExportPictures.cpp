@@ -26,6 +26,8 @@ QFont pictureFont(int pixels) {
     font.setPixelSize(pixels);
     font.setHintingPreference(QFont::PreferVerticalHinting);
     font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    // All of it is meant: what is left open, a painter takes from the application's font.
+    font.setResolveMask(QFont::AllPropertiesResolved);
     return font;
 }
 

@@ -116,8 +116,9 @@ std::uint8_t ExportPng(const QImage& image, const QString& fileName) {
 
     // Anything but a file (a folder, a device) would make way for the new one.
     const QFileInfo old(fileName);
+    const bool hasPlace = !fileName.isEmpty() && (!old.exists() || old.isFile());
     QSaveFile file(fileName);
-    if ((old.exists() && !old.isFile()) || !file.open(QIODevice::WriteOnly)) {
+    if (!hasPlace || !file.open(QIODevice::WriteOnly)) {
         return pngFileFailed;
     }
     png_set_write_fn(structures.png(), static_cast<QIODevice*>(&file), writeBytes, flushNothing);

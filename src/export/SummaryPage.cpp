@@ -4,11 +4,14 @@
 #include "storage/Cp1252.h"
 #include "views/graph/WeekState.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quor {
 
 namespace {
+
+constexpr char16_t lastAscii = 0x7F;
 
 /// A text of the user between tags. It is converted on its own, so that its first character is
 /// never composed with the end of the tag before it.
@@ -23,6 +26,7 @@ class SummaryWriter {
                   const QLocale& locale)
         : m_biorhythm(biorhythm)
         , m_prefix(prefix)
+        , m_accents(accentsInAddresses(biorhythm.name, prefix))
         , m_forScreen(variant == PageVariant::screen)
         , m_locale(locale) {}
 
@@ -31,7 +35,7 @@ class SummaryWriter {
         line("<HTML>");
         line("<HEAD>");
         line("<TITLE>Riepilogo dati bioritmici di " + shown(m_biorhythm.name) + "</TITLE>");
-        line("<META name=\"generator\" content=\"Quor v1.0\">");
+        line(R"(<META name="generator" content="Quor v1.0">)");
         line("<STYLE>");
         line("BODY    { font-size: 12pt; background-color: #DDDDFF; color: #000000; margin: 5%; }");
         line("TABLE   { font-size: 12pt; border-width: 0px; }");
@@ -83,10 +87,10 @@ class SummaryWriter {
         openInnerTable();
         constexpr std::array cycles{WeekRow::physical, WeekRow::emotional, WeekRow::intellectual};
         for (std::size_t i = 0; i < cycles.size(); ++i) {
-            writeCell("width=\"33%\" align=\"center\"", picture(weekFile(m_prefix, cycles.at(i))),
-                      i, cycles.size());
+            writeCell(R"(width="33%" align="center")", picture(weekFile(m_prefix, cycles.at(i))), i,
+                      cycles.size());
         }
-        writeCell("colspan=\"3\" align=\"center\"", picture(weekFile(m_prefix, WeekRow::mean)), 0,
+        writeCell(R"(colspan="3" align="center")", picture(weekFile(m_prefix, WeekRow::mean)), 0,
                   1);
         constexpr std::array labels{"Giorni critici", "Giorni stabili", "Giorni ottimi"};
         constexpr std::array sides{"left", "center", "right"};
@@ -118,11 +122,11 @@ class SummaryWriter {
         return shown(shortDate(date, m_locale));
     }
 
-    static QByteArray picture(const QString& fileName) {
-        return "<IMG src=\"" + pictureAddress(fileName) + "\" alt=\"\" border=\"1\">";
+    [[nodiscard]] QByteArray picture(const QString& fileName) const {
+        return "<IMG src=\"" + pictureAddress(fileName, m_accents) + R"(" alt="" border="1">)";
     }
 
-    void openTable() { line("<TABLE width=\"100%\" class=\"c1\">"); }
+    void openTable() { line(R"(<TABLE width="100%" class="c1">)"); }
 
     void openSection() {
         if (m_forScreen) {
@@ -162,6 +166,7 @@ class SummaryWriter {
 
     const Biorhythm& m_biorhythm;
     const QString& m_prefix;
+    Accents m_accents;
     bool m_forScreen;
     const QLocale& m_locale;
     QByteArray m_page;
@@ -190,25 +195,34 @@ QByteArray colourHex(Colour colour) {
     return digits.last(2) + digits.sliced(2, 2) + digits.first(2);
 }
 
-QByteArray pictureAddress(const QString& fileName) {
+QByteArray pictureAddress(const QString& fileName, Accents accents) {
     QByteArray address;
     for (qsizetype i = 0; i < fileName.size(); ++i) {
         const bool pair = fileName[i].isHighSurrogate() && i + 1 < fileName.size();
         const QString character = fileName.sliced(i, pair ? 2 : 1);
         i += pair ? 1 : 0;
+        const char16_t code = character[0].unicode();
         const QByteArray bytes = toCp1252(character);
-        const bool changesAddress =
-            character.size() == 1 && QStringView(u"%#?\"<>").contains(character[0]);
-        const bool blankInFront = address.isEmpty() && character[0].isSpace();
-        if (character == QChar(u'&')) {
+        const bool unsafe = code > lastAscii
+                                ? accents == Accents::encoded || fromCp1252(bytes) != character
+                                : QStringView(u"%#?\"<>").contains(character[0]) ||
+                                      (code == u' ' && address.isEmpty());
+        if (code == u'&') {
             address += "&amp;";
-        } else if (changesAddress || blankInFront || fromCp1252(bytes) != character) {
+        } else if (unsafe) {
             address += character.toUtf8().toPercentEncoding();
         } else {
             address += bytes;
         }
     }
     return address;
+}
+
+Accents accentsInAddresses(const QString& name, const QString& prefix) {
+    const QString seen = prefix.contains(fileNamePart(name)) ? prefix : prefix + name;
+    const auto beyondAscii =
+        std::count_if(seen.begin(), seen.end(), [](QChar c) { return c.unicode() > lastAscii; });
+    return beyondAscii > 1 ? Accents::encoded : Accents::kept;
 }
 
 } // namespace quor

@@ -7,6 +7,8 @@
 #include <QLocale>
 #include <QString>
 
+#include <cstdint>
+
 namespace quor {
 
 /// What a summary page shows besides the person's data.
@@ -30,9 +32,18 @@ struct SummarySections {
 /// read from its end: the last two digits, the third and fourth, the first two.
 [[nodiscard]] QByteArray colourHex(Colour colour);
 
-/// A file beside the page as the address of a picture. It is the name as it stands, but what would
-/// end or change an address ("%", "#", "?", a blank in front) and what the page's character set
-/// lacks are percent-encoded in UTF-8, and an ampersand is an entity.
-[[nodiscard]] QByteArray pictureAddress(const QString& fileName);
+/// What becomes of letters beyond ASCII in an address that the page's character set has.
+enum class Accents : std::uint8_t { kept, encoded };
+
+/// A file beside the page as the address of a picture: the name as it stands, with these
+/// exceptions. What would end or change an address ("%", "#", "?", a blank in front), a character
+/// that the page's character set lacks, and accents where asked for, are percent-encoded in UTF-8;
+/// an ampersand is an entity.
+[[nodiscard]] QByteArray pictureAddress(const QString& fileName, Accents accents);
+
+/// The page does not name its character set. A browser guesses it from the letters beyond ASCII and
+/// guesses wrong when a name has several ("Mosè D'Aloè" is taken for Czech). The addresses of such
+/// a page do without them, so that its pictures are found all the same.
+[[nodiscard]] Accents accentsInAddresses(const QString& name, const QString& prefix);
 
 } // namespace quor

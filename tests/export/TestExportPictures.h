@@ -1,0 +1,17 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestExportPictures : public Test {
+    Q_OBJECT
+
+  private slots:
+    void sizes();
+    void graphTakesTheRecord();
+    void weekTakesTheRecord();
+    void fontsFitTheirPicture();
+};
+
+} // namespace quor::test

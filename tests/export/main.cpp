@@ -1,0 +1,13 @@
+#include "export/TestExportBatch.h"
+#include "export/TestExportNames.h"
+#include "export/TestExportPictures.h"
+#include "export/TestExportPng.h"
+#include "export/TestExportRun.h"
+#include "export/TestSummaryPage.h"
+#include "support/Hermetic.h"
+
+#include <QGuiApplication>
+
+QUOR_TEST_MAIN(QGuiApplication, quor::test::TestExportNames, quor::test::TestSummaryPage,
+               quor::test::TestExportPng, quor::test::TestExportPictures, quor::test::TestExportRun,
+               quor::test::TestExportBatch)
