@@ -45,6 +45,9 @@ PreviewWindow::PreviewWindow(QWidget* parent)
 
     m_ui->View1->setPageMode(QPdfView::PageMode::MultiPage);
     m_ui->View1->setZoomMode(QPdfView::ZoomMode::FitInView);
+    // The view leaves as much as this of its height free when it fits a page into it.
+    const QMargins margins = m_ui->View1->documentMargins();
+    m_ui->View1->setPageSpacing(margins.top() + margins.bottom());
     m_ui->View1->setDocument(m_pages.get());
     m_ui->View1->viewport()->installEventFilter(this);
     connectActions();

@@ -50,13 +50,17 @@ PagePrinter::PagePrinter(Arguments arguments)
     m_profile.setSpellCheckEnabled(false);
     m_profile.setUrlRequestInterceptor(&m_requests);
     restrict(*m_page.settings());
-    connect(&m_page, &QWebEnginePage::loadFinished, this, [this](bool ok) {
-        if (ok) {
-            print();
-        } else {
-            emit finished(pageFailed, u"la pagina non si può caricare"_s);
-        }
-    });
+    // Once: a page that wants to send its reader elsewhere "finishes" again when that is refused.
+    connect(
+        &m_page, &QWebEnginePage::loadFinished, this,
+        [this](bool ok) {
+            if (ok) {
+                print();
+            } else {
+                emit finished(pageFailed, u"la pagina non si può caricare"_s);
+            }
+        },
+        Qt::SingleShotConnection);
     connect(&m_page, &QWebEnginePage::renderProcessTerminated, this,
             [this] { emit finished(pageFailed, u"il motore si è interrotto"_s); });
 }

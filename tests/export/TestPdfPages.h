@@ -1,0 +1,19 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestPdfPages : public Test {
+    Q_OBJECT
+
+  private slots:
+    void allPagesAreTheSameBytes();
+    void keepsChosenPagesInTheirOrder();
+    void keepsPagesOfASelection();
+    void ignoresPagesThatAreNotThere();
+    void givesUpOnOtherFiles();
+    void endsOnATreeThatBitesItsTail();
+};
+
+} // namespace quor::test

@@ -1,0 +1,228 @@
+#include "export/TestPrintDocument.h"
+
+#include "export/PrintDocument.h"
+#include "export/PrintQueueJob.h"
+#include "toolkit/SystemPrintDialog.h"
+
+#include "export/PrintingFixture.h"
+#include "support/ScriptedDialogs.h"
+
+#include <QApplication>
+#include <QPageRanges>
+#include <QPrinter>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::test {
+
+namespace {
+
+constexpr int patience = 30000; // milliseconds, on a busy machine
+
+/// The programs that can be found while it lives: those of one folder.
+class SearchPath {
+  public:
+    explicit SearchPath(const QString& folder) { qputenv("PATH", folder.toLocal8Bit()); }
+    ~SearchPath() { qputenv("PATH", m_previous); }
+    SearchPath(const SearchPath&) = delete;
+    SearchPath& operator=(const SearchPath&) = delete;
+    SearchPath(SearchPath&&) = delete;
+    SearchPath& operator=(SearchPath&&) = delete;
+
+  private:
+    QByteArray m_previous = qgetenv("PATH");
+};
+
+PrintableDocument twoPages() {
+    return {.pdf = pdfWithPages({u"uno"_s, u"due"_s}), .name = u"Maria_stampa_Riepilogo"_s};
+}
+
+void expectPrint(ScriptedDialogs& dialogs, const std::optional<PrintChoice>& choice) {
+    dialogs.expectPrint(u"Stampa"_s, u"Maria_stampa_Riepilogo"_s, 2, choice);
+}
+
+bool jobsAreDone() {
+    return QCoreApplication::instance()->findChild<PrintQueueJob*>() == nullptr;
+}
+
+} // namespace
+
+void TestPrintDocument::initTestCase() {
+    // No print system of the machine has a say here.
+    qputenv("CUPS_SERVER", "/nonexistent/cups.sock");
+}
+
+void TestPrintDocument::cancelledPrintsNothing() {
+    const QTemporaryDir folder;
+    const SearchPath path(folder.path());
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs, std::nullopt);
+    printDocument(nullptr, twoPages());
+    QVERIFY(dialogs.finished());
+    QVERIFY(jobsAreDone());
+}
+
+void TestPrintDocument::aFileGetsTheVeryPages() {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"pagine di Niccolò.pdf"_s);
+    const PrintableDocument document = twoPages();
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs, PrintChoice{.printer = {}, .file = file});
+    printDocument(nullptr, document);
+    QCOMPARE(contentOf(file), document.pdf);
+}
+
+void TestPrintDocument::aFileGetsChosenPages() {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"pagine.pdf"_s);
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs,
+                PrintChoice{.printer = {}, .file = file, .pages = {{.first = 2, .last = 2}}});
+    printDocument(nullptr, twoPages());
+    QCOMPARE(textsOf(contentOf(file)), QStringList({u"due"_s}));
+}
+
+void TestPrintDocument::aFileThatCannotBeWrittenIsReported() {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"manca/pagine.pdf"_s);
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs, PrintChoice{.printer = {}, .file = file});
+    dialogs.expectBox(u"Stampa"_s, u"Impossibile scrivere il file \"%1\"."_s.arg(file));
+    printDocument(nullptr, twoPages());
+    QVERIFY(dialogs.finished());
+}
+
+void TestPrintDocument::aQueueGetsTheVeryFile() {
+    const QTemporaryDir folder;
+    const QString arguments = folder.filePath(u"arguments"_s);
+    const QString received = folder.filePath(u"received"_s);
+    writeScript(folder.filePath(u"lp"_s), "printf '%s\\n' \"$@\" > '" +
+                                              arguments.toLocal8Bit() + "'\nexec /bin/cat > '" +
+                                              received.toLocal8Bit() + "'\n");
+    const SearchPath path(folder.path());
+    const PrintableDocument document = twoPages();
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs, PrintChoice{.printer = u"Ufficio"_s,
+                                     .file = {},
+                                     .copies = 3,
+                                     .collate = false,
+                                     .pages = {{.first = 1, .last = 2}, {.first = 2, .last = 2}},
+                                     .options = {u"sides=one-sided"_s}});
+    printDocument(nullptr, document);
+    QTRY_VERIFY_WITH_TIMEOUT(jobsAreDone(), patience);
+    QCOMPARE(contentOf(received), document.pdf);
+    QCOMPARE(QString::fromUtf8(contentOf(arguments)).split(u'\n', Qt::SkipEmptyParts),
+             QStringList({u"-d"_s, u"Ufficio"_s, u"-t"_s, u"Maria_stampa_Riepilogo"_s, u"-n"_s,
+                          u"3"_s, u"-o"_s, u"collate=false"_s, u"-P"_s, u"1-2,2"_s, u"-o"_s,
+                          u"sides=one-sided"_s}));
+}
+
+void TestPrintDocument::aRefusedPrintIsReported() {
+    const QTemporaryDir folder;
+    writeScript(folder.filePath(u"lp"_s), "echo 'lp: coda ferma' >&2\nexit 1\n");
+    const SearchPath path(folder.path());
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs, PrintChoice{.printer = u"Ufficio"_s, .file = {}});
+    dialogs.expectBox(u"Stampa"_s,
+                      u"La stampante \"Ufficio\" non accetta la stampa.\nlp: coda ferma"_s);
+    printDocument(nullptr, twoPages());
+    QTRY_VERIFY_WITH_TIMEOUT(jobsAreDone(), patience);
+    QVERIFY(dialogs.finished());
+}
+
+void TestPrintDocument::jobsEndWithTheirParentGone() {
+    const QTemporaryDir folder;
+    writeScript(folder.filePath(u"lp"_s), "/bin/sleep 0.3\nexit 1\n");
+    const SearchPath path(folder.path());
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs, PrintChoice{.printer = u"Ufficio"_s, .file = {}});
+    dialogs.expectBox(u"Stampa"_s, u"La stampante \"Ufficio\" non accetta la stampa."_s);
+    auto window = std::make_unique<QWidget>();
+    printDocument(window.get(), twoPages());
+    window.reset();
+    QVERIFY(!jobsAreDone());
+    QTRY_VERIFY_WITH_TIMEOUT(jobsAreDone(), patience);
+    QVERIFY(dialogs.finished());
+}
+
+void TestPrintDocument::withoutPrintSystemAnUnknownPrinterIsReported() {
+    const QTemporaryDir folder;
+    const SearchPath path(folder.path());
+    QVERIFY(!PrintQueueJob::isPossible());
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs, PrintChoice{.printer = u"Ufficio"_s, .file = {}});
+    dialogs.expectBox(u"Stampa"_s, u"La stampante \"Ufficio\" non accetta la stampa."_s);
+    printDocument(nullptr, twoPages());
+    QVERIFY(dialogs.finished());
+}
+
+void TestPrintDocument::unreadablePagesAreReported() {
+    ScriptedDialogs dialogs;
+    dialogs.expectBox(u"Stampa"_s, u"Le pagine da stampare non si possono leggere."_s);
+    printDocument(nullptr, {.pdf = "%PDF-1.4 e nient'altro", .name = u"niente"_s});
+    QVERIFY(dialogs.finished());
+}
+
+void TestPrintDocument::paintsPagesOnAPrinter() {
+    const QTemporaryDir folder;
+    QByteArray pdf = pdfWithPages({u"uno"_s, u"due"_s, u"tre"_s});
+    QBuffer buffer(&pdf);
+    buffer.open(QIODevice::ReadOnly);
+    QPdfDocument document;
+    document.load(&buffer);
+    const auto paint = [&](const QString& name, const std::vector<PageSpan>& spans) {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(folder.filePath(name));
+        return paintPages(printer, document, spans);
+    };
+    QVERIFY(paint(u"tutte.pdf"_s, {}));
+    QCOMPARE(textsOf(contentOf(folder.filePath(u"tutte.pdf"_s))).size(), 3);
+    QVERIFY(paint(u"una.pdf"_s, {{.first = 3, .last = 7}}));
+    QByteArray painted = contentOf(folder.filePath(u"una.pdf"_s));
+    QBuffer paintedBuffer(&painted);
+    paintedBuffer.open(QIODevice::ReadOnly);
+    QPdfDocument result;
+    result.load(&paintedBuffer);
+    QCOMPARE(result.pageCount(), 1);
+    // The letters lie where they were, in their size.
+    const QSize size = document.pagePointSize(2).toSize();
+    const QImage before = document.render(2, size).convertToFormat(QImage::Format_Grayscale8);
+    const QImage after = result.render(0, size).convertToFormat(QImage::Format_Grayscale8);
+    const auto ink = [](const QImage& image, const QRect& area) {
+        int sum = 0;
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x) {
+                sum += 255 - qGray(image.pixel(x, y));
+            }
+        }
+        return sum;
+    };
+    QRect letters(90, 70, 100, 60);
+    letters.translate(0, 0);
+    QVERIFY(ink(before, before.rect()) > 1000);
+    const int total = ink(after, after.rect());
+    QVERIFY(std::abs(total - ink(before, before.rect())) < total / 5);
+    QVERIFY(!paint(u"nessuna.pdf"_s, {{.first = 4, .last = 7}}));
+}
+
+void TestPrintDocument::readsTheChoiceOfAPrinter() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(u"/tmp/pagine.pdf"_s);
+    PrintChoice choice = printChoice(printer, 5);
+    QCOMPARE(choice.file, u"/tmp/pagine.pdf"_s);
+    QVERIFY(choice.printer.isEmpty());
+    QVERIFY(choice.pages.empty());
+
+    printer.setPageRanges(QPageRanges::fromString(u"1-2,4,9"_s));
+    QVERIFY(printChoice(printer, 5).pages.empty()); // written down, not chosen
+    printer.setPrintRange(QPrinter::PageRange);
+    choice = printChoice(printer, 5);
+    const std::vector<PageSpan> expected{{.first = 1, .last = 2}, {.first = 4, .last = 4}};
+    QVERIFY(choice.pages == expected);
+}
+
+} // namespace quor::test

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestWebBrowser : public Test {
+    Q_OBJECT
+
+  private slots:
+    void loadsAPage();
+    void takesBlanksInAddresses();
+    void failsWithAReason_data();
+    void failsWithAReason();
+    void failsOnPagesElsewhere();
+    void failsWithoutRenderer();
+    void failsWhenTheRendererDoesNotStart();
+    void failsWhenTheRendererCrashes();
+    void failsWhenThereIsNoPage();
+    void failsAfterTheTimeLimit();
+    void endsTheProcessesItStarted();
+    void onlyTheLastNavigationCounts();
+    void stopsWithoutAWord();
+    void loadsAgain();
+    void prints();
+    void previews();
+    void staysHidden();
+    void rendersForReal();
+};
+
+} // namespace quor::test
