@@ -18,6 +18,9 @@ ExportRunner::ExportRunner(Program& program, Frame& frame, ExportRequest request
     if (m_frame != nullptr) {
         m_frameWasEnabled = m_frame->isEnabled();
         m_frame->setEnabled(false);
+        // The toolkit disables the frame's dialogs with it; these two are what stays usable.
+        owner->window()->setEnabled(true);
+        m_progress->setEnabled(true);
     }
     m_progress->startRun(m_run.steps(),
                          u"Un attimo di pazienza mentre esporto le immagini"_s);

@@ -76,7 +76,7 @@ void FEspBio::endRun(const QString& errorText) {
     }
 }
 
-/// Closing stays possible during a run and ends it.
+/// Closing stays possible during a run, and ends it.
 void FEspBio::setChoicesEnabled(bool enabled) {
     m_ui->Choices->setEnabled(enabled);
     m_ui->Command1->setEnabled(enabled);

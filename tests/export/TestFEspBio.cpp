@@ -43,6 +43,8 @@ struct Window : ExportFixture {
         choose(graph, weekly, page, typeIndex);
         start()->click();
         QVERIFY(!frame.window.isEnabled());
+        QVERIFY(window->isEnabled()); // so that it can be closed
+        QVERIFY(progress()->isEnabled());
         QVERIFY(QTest::qWaitFor([this] { return frame.window.isEnabled(); }));
     }
     void choose(bool graph, bool weekly, bool page, int typeIndex) const {
@@ -180,6 +182,7 @@ void TestFEspBio::closingEndsTheRun() {
 void TestFEspBio::aDisabledFrameStaysDisabled() {
     Window window;
     window.frame.window.setEnabled(false);
+    window.window->setEnabled(true);
     window.choose(true, false, false, 0);
     window.start()->click();
     QTRY_COMPARE(window.files().size(), 1);
