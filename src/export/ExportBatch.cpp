@@ -6,7 +6,7 @@
 #include "export/ExportRun.h"
 #include "storage/BiorhythmFile.h"
 #include "storage/LineNotation.h"
-#if __has_include("storage/SystemFile.h")
+#ifdef QUOR_HAS_SYSTEM_FILE
 #include "storage/SystemFile.h"
 #endif
 
@@ -38,7 +38,7 @@ bool isBiorhythmFile(const QString& path) {
 
 /// Reads a system's file and opens the system. @return what is wrong with it
 std::optional<QString> openSystem(const QString& path, Program& program) {
-#if __has_include("storage/SystemFile.h")
+#ifdef QUOR_HAS_SYSTEM_FILE
     readSystemFile(path, program);
     program.state.systemFilePath = path;
     program.state.systemOpen = true;

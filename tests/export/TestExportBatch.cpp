@@ -142,7 +142,7 @@ void TestExportBatch::failuresGoToTheErrors() {
 }
 
 void TestExportBatch::aSystemsFile() {
-#if __has_include("storage/SystemFile.h")
+#ifdef QUOR_HAS_SYSTEM_FILE
     Batch batch;
     const QString file = batch.write(
         u"Casa.brs"_s, QByteArray("2\r\n\"Anna\"\r\n#1981-12-25#\r\n\"Bruno\"\r\n#1979-01-02#\r\n"
