@@ -6,9 +6,7 @@
 #include "export/ExportRun.h"
 #include "storage/BiorhythmFile.h"
 #include "storage/LineNotation.h"
-#if __has_include("storage/SystemFile.h")
 #include "storage/SystemFile.h"
-#endif
 
 #include <QDir>
 #include <QFile>
@@ -38,7 +36,6 @@ bool isBiorhythmFile(const QString& path) {
 
 /// Reads a system's file and opens the system. @return what is wrong with it
 std::optional<QString> openSystem(const QString& path, Program& program) {
-#if __has_include("storage/SystemFile.h")
     readSystemFile(path, program);
     program.state.systemFilePath = path;
     program.state.systemOpen = true;
@@ -51,10 +48,6 @@ std::optional<QString> openSystem(const QString& path, Program& program) {
         return u"il sistema non contiene nessuna persona: "_s + path;
     }
     return std::nullopt;
-#else
-    Q_UNUSED(program);
-    return u"i file di sistema non si possono leggere: "_s + path;
-#endif
 }
 
 /// Reads a person's file. @return what is wrong with it

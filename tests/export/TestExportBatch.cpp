@@ -142,7 +142,6 @@ void TestExportBatch::failuresGoToTheErrors() {
 }
 
 void TestExportBatch::aSystemsFile() {
-#if __has_include("storage/SystemFile.h")
     Batch batch;
     const QString file = batch.write(
         u"Casa.brs"_s, QByteArray("2\r\n\"Anna\"\r\n#1981-12-25#\r\n\"Bruno\"\r\n#1979-01-02#\r\n"
@@ -163,9 +162,6 @@ void TestExportBatch::aSystemsFile() {
         batch.write(u"Vuoto.brs"_s, QByteArray("0\r\n#2004-03-15#\r\n") + options);
     QCOMPARE(batch.run({.file = empty, .outputFolder = batch.path(u"out2"_s), .date = {}}), 1);
     QVERIFY(batch.errors.startsWith(u"quor: il sistema non contiene nessuna persona: "_s));
-#else
-    QSKIP("there is no reader of systems yet");
-#endif
 }
 
 } // namespace quor::test
