@@ -1,6 +1,7 @@
 #include "core/SystemMean.h"
 
 #include <algorithm>
+#include <array>
 
 namespace quor {
 
@@ -17,6 +18,36 @@ const DayTable& cycleTable(Period period) {
 const DayTable& meanTable() {
     static const DayTable table(meanPeriod, [](std::int32_t day) { return cycleMean(day); });
     return table;
+}
+
+/// Members whose values are added in one pass, so that a sum is read and written once for all.
+constexpr std::size_t membersAtOnce = 4;
+
+/// Days that the inner loop takes: known to the compiler, which can use whole vector registers.
+constexpr std::size_t daysAtOnce = 32;
+
+using Slices = std::array<const double*, membersAtOnce>;
+
+double sumOf(double sum, const Slices& values, std::size_t day) {
+    return (((sum + values[0][day]) + values[1][day]) + values[2][day]) + values[3][day];
+}
+
+/// Adds the days of the slices to the sums, one slice after the other on each day.
+///
+/// The sums never overlap the slices, which are parts of a table. Only told so does the compiler
+/// add several days with one instruction; the additions of a day keep their order.
+void addSlices(std::span<double> sums, const Slices& slices) {
+    double* __restrict into = sums.data();
+    const Slices values = slices;
+    std::size_t day = 0;
+    for (; day + daysAtOnce <= sums.size(); day += daysAtOnce) {
+        for (std::size_t i = day; i < day + daysAtOnce; ++i) {
+            into[i] = sumOf(into[i], values, i);
+        }
+    }
+    for (; day < sums.size(); ++day) {
+        into[day] = sumOf(into[day], values, day);
+    }
 }
 
 } // namespace
@@ -63,14 +94,24 @@ std::int32_t SystemMean::lastBirth() const {
 }
 
 void SystemMean::average(const DayTable& table, std::int32_t first, std::span<double> means) const {
-    const auto members = static_cast<double>(m_dayCounts.size());
     std::ranges::fill(means, 0.0);
+    if (m_dayCounts.empty()) {
+        return;
+    }
+    const auto members = static_cast<double>(m_dayCounts.size());
     while (!means.empty()) {
         const auto block = means.first(std::min(means.size(), DayTable::longestSlice));
-        for (const std::int32_t dayCount : m_dayCounts) {
-            const double* values = table.slice(dayCount + first, block.size()).data();
+        const auto values = [&](std::int32_t dayCount) {
+            return table.slice(dayCount + first, block.size()).data();
+        };
+        std::span<const std::int32_t> rest = m_dayCounts;
+        for (; rest.size() >= membersAtOnce; rest = rest.subspan(membersAtOnce)) {
+            addSlices(block, {values(rest[0]), values(rest[1]), values(rest[2]), values(rest[3])});
+        }
+        for (const std::int32_t dayCount : rest) {
+            const double* value = values(dayCount);
             for (double& sum : block) {
-                sum += *values++;
+                sum += *value++;
             }
         }
         for (double& sum : block) {
