@@ -1,11 +1,12 @@
 // The forecast of the largest system against the direct formula and against bare additions.
 //
 // The births are spread, so that neither a maximum nor a minimum comes within the horizon and every
-// day up to it has to be tried, while the inversion is a matter of days. The direct formula computes
-// one mean of three sines for each member and day, and searches once for the maximum and once for
-// the minimum; that takes minutes, so it is measured over a part of the days and multiplied. The bare
-// loop adds as many doubles as the forecast has members and days, from one place in memory, into sums.
-// Rounds are taken in turn, and the medians of processor time are compared.
+// day up to it has to be tried, while the inversion is a matter of days. The direct formula
+// computes one mean of three sines for each member and day, and searches once for the maximum and
+// once for the minimum; that takes minutes, so it is measured over a part of the days and
+// multiplied. The bare loop adds as many doubles as the forecast has members and days, from one
+// place in memory, into sums. Rounds are taken in turn, and the medians of processor time are
+// compared.
 
 #include "core/Cycles.h"
 #include "core/Rounding.h"
@@ -90,8 +91,8 @@ class BareLoop {
     }
 
   private:
-    // A constant, a multiple of the width of a register, and sums that overlap nothing: the compiler
-    // has all it takes to add several doubles with one instruction.
+    // A constant, a multiple of the width of a register, and sums that overlap nothing: the
+    // compiler has all it takes to add several doubles with one instruction.
     static constexpr std::size_t block = 500;
 
     void add(const double* __restrict values) {
@@ -153,8 +154,7 @@ int main(int argc, char** argv) {
     volatile double kept = 0; // or the bare loop would not be run at all
     const double cold = measure([&] { forecast = systemForecast(SystemMean(dayCounts)); });
     for (std::size_t round = 0; round < rounds; ++round) {
-        quorTimes.push_back(
-            measure([&] { forecast = systemForecast(SystemMean(dayCounts)); }));
+        quorTimes.push_back(measure([&] { forecast = systemForecast(SystemMean(dayCounts)); }));
         bareTimes.push_back(measure([&] { kept = bare.run(); }));
         const double inversionTime = measure([&] { inversion = directInversion(dayCounts); });
         std::int32_t days = 0;

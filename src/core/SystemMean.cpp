@@ -26,27 +26,22 @@ constexpr std::size_t membersAtOnce = 4;
 /// Days that the inner loop takes: known to the compiler, which can use whole vector registers.
 constexpr std::size_t daysAtOnce = 32;
 
-using Slices = std::array<const double*, membersAtOnce>;
-
-double sumOf(double sum, const Slices& values, std::size_t day) {
-    return (((sum + values[0][day]) + values[1][day]) + values[2][day]) + values[3][day];
-}
-
-/// Adds the days of the slices to the sums, one slice after the other on each day.
+/// Adds the days of four slices to the sums, one slice after the other on each day.
 ///
 /// The sums never overlap the slices, which are parts of a table. Only told so does the compiler
 /// add several days with one instruction; the additions of a day keep their order.
-void addSlices(std::span<double> sums, const Slices& slices) {
-    double* __restrict into = sums.data();
-    const Slices values = slices;
+void addSlices(double* __restrict sums, std::size_t days, const double* first, const double* second,
+               const double* third, const double* fourth) {
     std::size_t day = 0;
-    for (; day + daysAtOnce <= sums.size(); day += daysAtOnce) {
-        for (std::size_t i = day; i < day + daysAtOnce; ++i) {
-            into[i] = sumOf(into[i], values, i);
+    for (; day + daysAtOnce <= days; day += daysAtOnce) {
+        for (std::size_t i = 0; i < daysAtOnce; ++i) {
+            sums[day + i] =
+                (((sums[day + i] + first[day + i]) + second[day + i]) + third[day + i]) +
+                fourth[day + i];
         }
     }
-    for (; day < sums.size(); ++day) {
-        into[day] = sumOf(into[day], values, day);
+    for (; day < days; ++day) {
+        sums[day] = (((sums[day] + first[day]) + second[day]) + third[day]) + fourth[day];
     }
 }
 
@@ -106,7 +101,8 @@ void SystemMean::average(const DayTable& table, std::int32_t first, std::span<do
         };
         std::span<const std::int32_t> rest = m_dayCounts;
         for (; rest.size() >= membersAtOnce; rest = rest.subspan(membersAtOnce)) {
-            addSlices(block, {values(rest[0]), values(rest[1]), values(rest[2]), values(rest[3])});
+            addSlices(block.data(), block.size(), values(rest[0]), values(rest[1]), values(rest[2]),
+                      values(rest[3]));
         }
         for (const std::int32_t dayCount : rest) {
             const double* value = values(dayCount);

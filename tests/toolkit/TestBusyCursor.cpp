@@ -5,8 +5,6 @@
 #include <QGuiApplication>
 #include <QTest>
 
-#include <stdexcept>
-
 namespace quor::test {
 
 namespace {
@@ -36,15 +34,6 @@ void TestBusyCursor::nests() {
         }
         QVERIFY(isBusy());
     }
-    QVERIFY(!QGuiApplication::overrideCursor());
-}
-
-void TestBusyCursor::goesWithAnException() {
-    const auto fail = [] {
-        const BusyCursor busy;
-        throw std::runtime_error("computation failed");
-    };
-    QVERIFY_EXCEPTION_THROWN(fail(), std::runtime_error);
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 

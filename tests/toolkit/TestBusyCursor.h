@@ -10,7 +10,6 @@ class TestBusyCursor : public Test {
   private slots:
     void showsWhileItLives();
     void nests();
-    void goesWithAnException();
 };
 
 } // namespace quor::test

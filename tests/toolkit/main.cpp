@@ -8,5 +8,6 @@
 
 #include <QApplication>
 
-QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands, quor::test::TestDrawing,
-               quor::test::TestLongCurves, quor::test::TestPictures, quor::test::TestSettingsStore)
+QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands,
+               quor::test::TestDrawing, quor::test::TestLongCurves, quor::test::TestPictures,
+               quor::test::TestSettingsStore)

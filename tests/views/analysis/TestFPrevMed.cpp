@@ -24,12 +24,12 @@ void TestFPrevMed::knownSystem() {
     const FPrevMed window(systemAt({8116, 8117, 8118}));
     const Forecast forecast = systemForecast(SystemMean({8116, 8117, 8118}));
     QVERIFY(forecast.inversion && forecast.maximum && forecast.minimum);
-    QCOMPARE(waits(window), (QStringList{QString::number(*forecast.inversion),
-                                         QString::number(*forecast.maximum),
-                                         QString::number(*forecast.minimum)}));
-    QCOMPARE(dates(window), (QStringList{dateAfter(*forecast.inversion),
-                                         dateAfter(*forecast.maximum),
-                                         dateAfter(*forecast.minimum)}));
+    QCOMPARE(waits(window),
+             (QStringList{QString::number(*forecast.inversion), QString::number(*forecast.maximum),
+                          QString::number(*forecast.minimum)}));
+    QCOMPARE(dates(window),
+             (QStringList{dateAfter(*forecast.inversion), dateAfter(*forecast.maximum),
+                          dateAfter(*forecast.minimum)}));
 }
 
 void TestFPrevMed::calculationDateCounts() {

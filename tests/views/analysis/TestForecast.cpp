@@ -288,9 +288,9 @@ void TestForecast::systemHorizonIsTheDay22000() {
         }
     }
     // As the window shows them.
-    const auto rows = forecastRows(systemEvents({{22'000, 0.9}, {21'999, -0.9}}),
-                                   toDateValue(QDate(2004, 3, 15)), shortDate,
-                                   QLocale(QLocale::Italian, QLocale::Italy));
+    const auto rows =
+        forecastRows(systemEvents({{22'000, 0.9}, {21'999, -0.9}}), toDateValue(QDate(2004, 3, 15)),
+                     shortDate, QLocale(QLocale::Italian, QLocale::Italy));
     QCOMPARE(rows[1], (ForecastRow{.date = u"Mai"_s, .days = u"Mai"_s}));
     QCOMPARE(rows[2], (ForecastRow{.date = u"07/06/2064"_s, .days = u"21999"_s}));
 }
@@ -319,13 +319,15 @@ void TestForecast::systemAsksForEachDayOnce() {
     // Without extremes the horizon is the end...
     next = -1;
     values = {{2, -0.1}};
-    QCOMPARE(findSystemEvents(means, fakeLastDay), (Forecast{.inversion = 2, .maximum = {}, .minimum = {}}));
+    QCOMPARE(findSystemEvents(means, fakeLastDay),
+             (Forecast{.inversion = 2, .maximum = {}, .minimum = {}}));
     QVERIFY(consecutive);
     QCOMPARE(next, systemHorizon);
     // ...and where all three are found, the block in which they lie.
     next = -1;
     values = {{2, -0.9}, {3, 0.9}};
-    QCOMPARE(findSystemEvents(means, fakeLastDay), (Forecast{.inversion = 2, .maximum = 3, .minimum = 2}));
+    QCOMPARE(findSystemEvents(means, fakeLastDay),
+             (Forecast{.inversion = 2, .maximum = 3, .minimum = 2}));
     QVERIFY(consecutive);
     QVERIFY(next < 100);
 }
@@ -362,9 +364,8 @@ void TestForecast::systemIsWhatTheFormulasSay() {
         while (mean(inversion) * mean(inversion - 1) > 0) {
             ++inversion;
         }
-        QCOMPARE(systemForecast(SystemMean(dayCounts)), (Forecast{.inversion = inversion,
-                                                                  .maximum = extreme(9),
-                                                                  .minimum = extreme(-9)}));
+        QCOMPARE(systemForecast(SystemMean(dayCounts)),
+                 (Forecast{.inversion = inversion, .maximum = extreme(9), .minimum = extreme(-9)}));
     }
 }
 
