@@ -57,7 +57,8 @@ std::size_t DayTable::index(std::int32_t first, std::int32_t length) const {
         // The last place whose slice ends before 0.
         day = (first + length) % m_period - length;
     }
-    return static_cast<std::size_t>(day + static_cast<std::int32_t>(reach()));
+    const std::int32_t place = day + static_cast<std::int32_t>(reach());
+    return static_cast<std::size_t>(place);
 }
 
 std::vector<std::int32_t> memberDayCounts(const AppState& state, DateValue date) {
