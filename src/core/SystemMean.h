@@ -58,7 +58,7 @@ class DayTable {
 /// Whole days from the birth of each member to a date, in the members' order.
 [[nodiscard]] std::vector<std::int32_t> memberDayCounts(const AppState& state, DateValue date);
 
-/// The means of a system of at least one member.
+/// The means of a system. Those of one without members are 0.
 class SystemMean {
   public:
     /// @param dayCounts of each member, on the day that the offsets below count from

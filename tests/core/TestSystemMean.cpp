@@ -2,6 +2,7 @@
 
 #include "core/SystemMean.h"
 
+#include <algorithm>
 #include <bit>
 #include <random>
 
@@ -59,6 +60,9 @@ void TestSystemMean::equalsTheDirectSumsToTheLastBit_data() {
     QTest::addColumn<int>("latest");
     QTest::addColumn<int>("days");
     QTest::newRow("one member") << 1 << 9000 << 9000 << 3000;
+    for (const int members : {2, 3, 4, 5, 8, 33}) { // added in groups, and some left over
+        QTest::addRow("%d members", members) << members << -30000 << 40000 << 2100;
+    }
     QTest::newRow("a family") << 7 << 2000 << 40000 << 5000;
     QTest::newRow("births still to come") << 9 << -90000 << -30000 << 5000;
     QTest::newRow("births within the span") << 40 << -4000 << 1000 << 6000;
@@ -106,6 +110,27 @@ void TestSystemMean::dayCountsFollowTheMembersOrder() {
     QCOMPARE(memberDayCounts(state, 110.5), (std::vector<std::int32_t>{10, 20, -10}));
     state.systemCount = 0;
     QVERIFY(memberDayCounts(state, 110).empty());
+}
+
+void TestSystemMean::lastBirthIsTheLatestToCome() {
+    QCOMPARE(SystemMean({10, -5, -70, 3, -69}).lastBirth(), 70);
+    QCOMPARE(SystemMean({10, 0, 3}).lastBirth(), 0);
+    QCOMPARE(SystemMean({10, 3}).lastBirth(), 0);
+    QCOMPARE(SystemMean({-1}).lastBirth(), 1);
+    QCOMPARE(SystemMean({}).lastBirth(), 0);
+    // From there on the means repeat, to the last bit.
+    const SystemMean system({-300, 9000, -12, 77, -5});
+    std::vector<double> means(1000);
+    std::vector<double> later(1000);
+    system.mean(system.lastBirth(), means);
+    system.mean(system.lastBirth() + meanPeriod, later);
+    QVERIFY(std::ranges::equal(means, later, sameBits));
+}
+
+void TestSystemMean::withoutMembersIsZero() {
+    std::vector<double> means{1, 2, 3};
+    SystemMean({}).mean(-1, means);
+    QCOMPARE(means, (std::vector<double>{0, 0, 0}));
 }
 
 } // namespace quor::test

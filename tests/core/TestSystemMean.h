@@ -13,6 +13,8 @@ class TestSystemMean : public Test {
     void equalsTheDirectSumsToTheLastBit_data();
     void equalsTheDirectSumsToTheLastBit();
     void dayCountsFollowTheMembersOrder();
+    void lastBirthIsTheLatestToCome();
+    void withoutMembersIsZero();
 };
 
 } // namespace quor::test
