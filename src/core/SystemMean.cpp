@@ -7,6 +7,9 @@ namespace quor {
 
 namespace {
 
+/// So few days between two stretches that have to be added up are added up, too.
+constexpr std::size_t worthCopying = 32;
+
 const DayTable& cycleTable(Period period) {
     const auto make = [](Period each) {
         return DayTable(days(each), [each](std::int32_t day) { return cycleValue(day, each); });
@@ -74,11 +77,11 @@ SystemMean::SystemMean(std::vector<std::int32_t> dayCounts)
     : m_dayCounts(std::move(dayCounts)) {}
 
 void SystemMean::cycle(Period period, std::int32_t first, std::span<double> means) const {
-    average(cycleTable(period), first, means);
+    repeat(cycleTable(period), first, means);
 }
 
 void SystemMean::mean(std::int32_t first, std::span<double> means) const {
-    average(meanTable(), first, means);
+    repeat(meanTable(), first, means);
 }
 
 std::int32_t SystemMean::lastBirth() const {
@@ -87,6 +90,59 @@ std::int32_t SystemMean::lastBirth() const {
         last = std::max(last, -dayCount);
     }
     return last;
+}
+
+/// Averages the first period and the days that differ from it, and copies the others.
+///
+/// On a day that no birth parts from the one a period earlier the same values are added in the same
+/// order, and the mean is the same to the last bit. After a birth the member's values come from
+/// the other side of its table, so that a period has to be added up anew.
+void SystemMean::repeat(const DayTable& table, std::int32_t first, std::span<double> means) const {
+    const auto period = static_cast<std::size_t>(table.period());
+    const std::size_t length = means.size();
+    std::size_t done = std::min(period, length);
+    average(table, first, means.first(done));
+    if (done == length) {
+        return;
+    }
+
+    const auto copyUpTo = [&](std::size_t end) {
+        for (; done < end; ++done) {
+            means[done] = means[done - period];
+        }
+    };
+    const std::vector<bool> births = birthDays(first, length);
+    auto birth = std::ranges::find(births, true);
+    while (birth != births.end()) {
+        // From the day after a birth until a period after the last one that follows closely.
+        const auto begin = static_cast<std::size_t>(birth - births.begin()) + 1;
+        std::size_t end = begin;
+        while (birth != births.end() &&
+               static_cast<std::size_t>(birth - births.begin()) <= end + worthCopying) {
+            end = static_cast<std::size_t>(birth - births.begin()) + period;
+            birth = std::find(std::next(birth), births.end(), true);
+        }
+        end = std::min(end, length);
+        if (end > done) {
+            copyUpTo(begin);
+            average(table, first + static_cast<std::int32_t>(done),
+                    means.subspan(done, end - done));
+            done = end;
+        }
+    }
+    copyUpTo(length);
+}
+
+/// For each of the days from an offset on, whether a member is born.
+std::vector<bool> SystemMean::birthDays(std::int32_t first, std::size_t length) const {
+    std::vector<bool> births(length);
+    for (const std::int32_t dayCount : m_dayCounts) {
+        const std::int64_t day = -std::int64_t{dayCount} - first;
+        if (day >= 0 && day < std::ssize(births)) {
+            births[static_cast<std::size_t>(day)] = true;
+        }
+    }
+    return births;
 }
 
 void SystemMean::average(const DayTable& table, std::int32_t first, std::span<double> means) const {

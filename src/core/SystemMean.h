@@ -34,6 +34,8 @@ class DayTable {
         }
     }
 
+    [[nodiscard]] std::int32_t period() const { return m_period; }
+
     /// Days in a slice, at most.
     static constexpr std::size_t longestSlice = 2048;
 
@@ -64,6 +66,8 @@ class SystemMean {
     /// @param dayCounts of each member, on the day that the offsets below count from
     explicit SystemMean(std::vector<std::int32_t> dayCounts);
 
+    [[nodiscard]] std::size_t members() const { return m_dayCounts.size(); }
+
     /// The means, in [-1, 1], of one cycle on consecutive days.
     /// @param first the first day, as an offset in days; may be negative
     void cycle(Period period, std::int32_t first, std::span<double> means) const;
@@ -75,6 +79,8 @@ class SystemMean {
     [[nodiscard]] std::int32_t lastBirth() const;
 
   private:
+    void repeat(const DayTable& table, std::int32_t first, std::span<double> means) const;
+    [[nodiscard]] std::vector<bool> birthDays(std::int32_t first, std::size_t length) const;
     void average(const DayTable& table, std::int32_t first, std::span<double> means) const;
 
     std::vector<std::int32_t> m_dayCounts;

@@ -28,6 +28,18 @@ bool sameBits(double left, double right) {
     return std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right);
 }
 
+/// The first of consecutive days on which a mean differs in any bit from the direct sum, or -1.
+template<typename Value>
+std::ptrdiff_t firstDifference(const std::vector<double>& means,
+                               const std::vector<std::int32_t>& dayCounts, std::int32_t first,
+                               Value value) {
+    std::int32_t offset = first;
+    const auto found = std::ranges::find_if(means, [&](double mean) {
+        return !sameBits(mean, directMean(dayCounts, offset++, value));
+    });
+    return found == means.end() ? -1 : found - means.begin();
+}
+
 } // namespace
 
 void TestSystemMean::slicesHoldTheFunctionsValues_data() {
@@ -101,6 +113,58 @@ void TestSystemMean::equalsTheDirectSumsToTheLastBit() {
         system.mean(first, means);
         verify([](std::int32_t day) { return cycleMean(day); });
     }
+}
+
+/// Days are copied from a period earlier unless a birth lies between: one birth on each day in and
+/// around a span, alone and with a second one some days later.
+void TestSystemMean::birthsOnEveryDayOfASpan() {
+    constexpr std::int32_t first = -90;
+    std::vector<double> means(180);
+    for (std::int32_t birth = first - 40; birth < first + 190; ++birth) {
+        for (const std::int32_t later : {0, 1, 22, 23, 24, 33, 60, 75}) {
+            const std::vector<std::int32_t> dayCounts{9000, -birth, 20'411, -birth - later, -400};
+            const SystemMean system(dayCounts);
+            for (const Period period : periods) {
+                system.cycle(period, first, means);
+                const auto difference =
+                    firstDifference(means, dayCounts, first,
+                                    [period](std::int32_t day) { return cycleValue(day, period); });
+                QVERIFY2(difference == -1,
+                         qPrintable(u"births %1 and %2, period %3, day %4"_s.arg(birth)
+                                        .arg(birth + later)
+                                        .arg(quor::days(period))
+                                        .arg(difference)));
+            }
+        }
+    }
+}
+
+void TestSystemMean::longSpansRepeatToTheLastBit_data() {
+    QTest::addColumn<std::vector<std::int32_t>>("dayCounts");
+    using DayCounts = std::vector<std::int32_t>;
+    QTest::newRow("births before") << DayCounts{40'000, 33'000, 61'234, 39'999};
+    QTest::newRow("births after") << DayCounts{-40'000, -33'000, -61'234};
+    QTest::newRow("births early and late") << DayCounts{32'700, 40'000, -32'000, -50'000};
+    QTest::newRow("births in the middle") << DayCounts{40'000, 5, -10'000};
+    QTest::newRow("births at the ends") << DayCounts{32'787, -32'787, 11'535, -11'535};
+}
+
+/// The longest span of a graph, more than three times as long as the mean's period.
+void TestSystemMean::longSpansRepeatToTheLastBit() {
+    QFETCH(const std::vector<std::int32_t>, dayCounts);
+    constexpr std::int32_t first = -32'787;
+    std::vector<double> means(-2 * first + 1);
+    const SystemMean system(dayCounts);
+    for (const Period period : periods) {
+        system.cycle(period, first, means);
+        QCOMPARE(firstDifference(means, dayCounts, first,
+                                 [period](std::int32_t day) { return cycleValue(day, period); }),
+                 std::ptrdiff_t{-1});
+    }
+    system.mean(first, means);
+    QCOMPARE(
+        firstDifference(means, dayCounts, first, [](std::int32_t day) { return cycleMean(day); }),
+        std::ptrdiff_t{-1});
 }
 
 void TestSystemMean::dayCountsFollowTheMembersOrder() {
