@@ -1,0 +1,60 @@
+#include "storage/SystemFile.h"
+
+#include "storage/DateAndOptions.h"
+#include "storage/LineNotation.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <span>
+
+namespace quor {
+
+namespace {
+
+void readMembers(LineReader& reader, AppState& state) {
+    reader.read(state.systemCount);
+    if (state.systemCount <= 0) {
+        state.systemCount = 0;
+        return;
+    }
+    state.systemMembers = std::vector<SystemMember>(static_cast<std::size_t>(state.systemCount));
+    for (SystemMember& member : state.systemMembers) {
+        reader.read(member.name);
+        reader.read(member.birthDate);
+    }
+}
+
+} // namespace
+
+std::optional<QString> saveSystemFile(const QString& path, Program& program) {
+    const AppState& state = program.state;
+    const auto count =
+        std::clamp<std::ptrdiff_t>(state.systemCount, 0, std::ssize(state.systemMembers));
+    LineWriter writer;
+    writer.writeInteger(static_cast<std::int32_t>(count));
+    for (const SystemMember& member :
+         std::span(state.systemMembers).first(static_cast<std::size_t>(count))) {
+        writer.writeString(member.name);
+        writer.writeDate(member.birthDate);
+    }
+    writeDateAndOptions(writer, program.biorhythm);
+    if (auto failure = writeWholeFile(path, writer.bytes())) {
+        return failure;
+    }
+    program.state.modified = false;
+    return std::nullopt;
+}
+
+void readSystemFile(const QString& path, Program& program) {
+    QFile file(path);
+    if (openForReading(file)) {
+        LineReader reader(file);
+        readMembers(reader, program.state);
+        readDateAndOptions(reader, program.biorhythm);
+    }
+    program.state.modified = false;
+    program.state.systemFilePath = path;
+}
+
+} // namespace quor
