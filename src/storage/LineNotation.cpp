@@ -6,7 +6,10 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
+#include <array>
 #include <charconv>
+#include <chrono>
 
 namespace quor {
 
@@ -17,8 +20,30 @@ constexpr int lastYear = 9999;
 
 /// A string cannot carry what would end its line or the whole text; a blank stands in its place,
 /// when writing and for what another program wrote.
-void blankOutLineEnds(QByteArray& text) {
-    text.replace('\r', ' ').replace('\n', ' ').replace('\0', ' ');
+constexpr bool endsText(char16_t character) {
+    return character == u'\r' || character == u'\n' || character == u'\0';
+}
+
+/// The date, where there is one, as a day of the proleptic Gregorian calendar.
+std::optional<DateValue> dateOf(int year, int month, int day) {
+    using namespace std::chrono;
+    constexpr sys_days origin = 1899y / December / 30;
+    const year_month_day date(std::chrono::year{year},
+                              std::chrono::month{static_cast<unsigned>(month)},
+                              std::chrono::day{static_cast<unsigned>(day)});
+    if (!date.ok() || year < firstYear || year > lastYear) {
+        return std::nullopt;
+    }
+    return static_cast<DateValue>((sys_days(date) - origin).count());
+}
+
+/// Appends a number, with zeros ahead of it up to the width.
+void appendNumber(QByteArray& bytes, int number, std::ptrdiff_t width = 0) {
+    std::array<char, 16> digits{};
+    const char* end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    const std::ptrdiff_t length = end - digits.begin();
+    bytes.append(std::max<std::ptrdiff_t>(width - length, 0), '0');
+    bytes.append(digits.begin(), length);
 }
 
 bool isDigit(char c) {
@@ -68,29 +93,31 @@ bool isTimeOfDay(QByteArrayView text) {
 
 } // namespace
 
-void LineWriter::writeLine(QByteArrayView line) {
-    m_bytes.append(line);
-    m_bytes.append("\r\n");
-}
-
 void LineWriter::writeString(const QString& value) {
     QByteArray bytes = toCp1252(value);
-    bytes.replace('"', '\'');
-    blankOutLineEnds(bytes);
-    writeLine('"' + bytes + '"');
+    std::replace(bytes.begin(), bytes.end(), '"', '\'');
+    std::replace_if(
+        bytes.begin(), bytes.end(), [](char c) { return endsText(static_cast<uchar>(c)); }, ' ');
+    m_bytes.append('"').append(bytes).append("\"\r\n");
 }
 
 void LineWriter::writeDate(DateValue value) {
-    const QDate day = toQDate(value);
-    const auto number = [](int n, int width) {
-        return QByteArray::number(n).rightJustified(width, '0');
-    };
-    writeLine('#' + number(day.year(), 4) + '-' + number(day.month(), 2) + '-' +
-              number(day.day(), 2) + '#');
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    toQDate(value).getDate(&year, &month, &day);
+    m_bytes.append('#');
+    appendNumber(m_bytes, year, 4);
+    m_bytes.append('-');
+    appendNumber(m_bytes, month, 2);
+    m_bytes.append('-');
+    appendNumber(m_bytes, day, 2);
+    m_bytes.append("#\r\n");
 }
 
 void LineWriter::writeInteger(std::int32_t value) {
-    writeLine(QByteArray::number(value));
+    appendNumber(m_bytes, value);
+    m_bytes.append("\r\n");
 }
 
 std::optional<QString> parseString(QByteArrayView line) {
@@ -102,9 +129,10 @@ std::optional<QString> parseString(QByteArrayView line) {
     if (end < 0) {
         return std::nullopt;
     }
-    QByteArray value = text.first(end).toByteArray();
-    blankOutLineEnds(value);
-    return fromCp1252(value);
+    QString value = fromCp1252(text.first(end));
+    std::replace_if(
+        value.begin(), value.end(), [](QChar c) { return endsText(c.unicode()); }, u' ');
+    return value;
 }
 
 std::optional<DateValue> parseDate(QByteArrayView line) {
@@ -124,11 +152,7 @@ std::optional<DateValue> parseDate(QByteArrayView line) {
     if (!text.isEmpty() && !isTimeOfDay(text)) {
         return std::nullopt;
     }
-    const QDate date(*year, *month, *day);
-    if (!date.isValid() || *year < firstYear || *year > lastYear) {
-        return std::nullopt;
-    }
-    return toDateValue(date);
+    return dateOf(*year, *month, *day);
 }
 
 std::optional<std::int64_t> parseInteger(QByteArrayView line) {
@@ -145,7 +169,8 @@ std::optional<std::int64_t> parseInteger(QByteArrayView line) {
 }
 
 LineReader::LineReader(QIODevice& device)
-    : m_device(&device) {}
+    : m_device(&device),
+      m_block(2 * maximumLine, Qt::Uninitialized) {}
 
 void LineReader::read(QString& value) {
     if (auto text = parseString(nextLine())) {
@@ -159,26 +184,62 @@ void LineReader::read(DateValue& value) {
     }
 }
 
-QByteArray LineReader::nextLine() {
-    if (!m_device->isOpen() || m_skipped > maximumSkipped) {
+QByteArrayView LineReader::nextLine() {
+    if (m_skipped > maximumSkipped) {
         return {};
     }
-    QByteArray line = m_device->readLine(maximumLine);
-    bool tooLong = false;
-    QByteArray rest = line;
-    while (!rest.isEmpty() && !rest.endsWith('\n') && !m_device->atEnd() &&
-           m_skipped <= maximumSkipped) {
-        tooLong = true;
-        rest = m_device->readLine(maximumLine);
-        m_skipped += rest.size();
+    qsizetype lookedAt = 0; // where no line end is
+    qsizetype end = -1;
+    while ((end = unread().indexOf('\n', lookedAt)) < 0) {
+        lookedAt = m_end - m_begin;
+        if (lookedAt > maximumLine) {
+            skipLine();
+            return {};
+        }
+        if (!fill()) {
+            break;
+        }
     }
-    if (tooLong) {
+    const bool hasEnd = end >= 0;
+    QByteArrayView line = hasEnd ? unread().first(end) : unread();
+    m_begin += line.size() + (hasEnd ? 1 : 0);
+    if (line.size() + (hasEnd ? 1 : 0) > maximumLine) {
+        m_skipped += line.size();
         return {};
     }
-    while (line.endsWith('\n') || line.endsWith('\r')) {
+    while (line.endsWith('\r')) {
         line.chop(1);
     }
     return line;
+}
+
+void LineReader::skipLine() {
+    qsizetype end = -1;
+    do {
+        end = unread().indexOf('\n');
+        const qsizetype dropped = end < 0 ? m_end - m_begin : end + 1;
+        m_begin += dropped;
+        m_skipped += dropped;
+    } while (end < 0 && m_skipped <= maximumSkipped && fill());
+}
+
+bool LineReader::fill() {
+    char* block = m_block.data();
+    std::copy(block + m_begin, block + m_end, block);
+    m_end -= m_begin;
+    m_begin = 0;
+    if (m_read >= maximumRead) {
+        m_end = 0; // the beginning of a line is no line
+        return false;
+    }
+    const qint64 added =
+        m_device->isReadable() ? m_device->read(block + m_end, m_block.size() - m_end) : 0;
+    if (added <= 0) {
+        return false;
+    }
+    m_end += added;
+    m_read += added;
+    return true;
 }
 
 std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes) {
