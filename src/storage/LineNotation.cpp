@@ -10,6 +10,7 @@
 #include <array>
 #include <charconv>
 #include <chrono>
+#include <string_view>
 
 namespace quor {
 
@@ -37,33 +38,76 @@ std::optional<DateValue> dateOf(int year, int month, int day) {
     return static_cast<DateValue>((sys_days(date) - origin).count());
 }
 
-/// Appends a number, with zeros ahead of it up to the width.
-void appendNumber(QByteArray& bytes, int number, std::ptrdiff_t width = 0) {
-    std::array<char, 16> digits{};
-    const char* end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-    const std::ptrdiff_t length = end - digits.begin();
-    bytes.append(std::max<std::ptrdiff_t>(width - length, 0), '0');
-    bytes.append(digits.begin(), length);
-}
+/// A line while it is put together, one without a string.
+class ShortLine {
+  public:
+    void put(char character) { *m_end++ = character; }
+
+    /// With zeros ahead of it up to the width.
+    void put(std::int32_t number, std::ptrdiff_t width = 0) {
+        std::array<char, 11> digits{}; // the longest: -2147483648
+        const char* end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+        m_end = std::fill_n(m_end, std::max<std::ptrdiff_t>(width - (end - digits.begin()), 0), '0');
+        m_end = std::copy(digits.cbegin(), end, m_end);
+    }
+
+    [[nodiscard]] QByteArrayView ended() {
+        put('\r');
+        put('\n');
+        return {m_bytes.begin(), m_end};
+    }
+
+  private:
+    std::array<char, 48> m_bytes{}; // three numbers and the signs around them, or less
+    char* m_end = m_bytes.begin();
+};
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// Takes a number of exactly `digits` digits from the front of the text.
-std::optional<int> takeNumber(QByteArrayView& text, qsizetype digits) {
-    if (text.size() < digits) {
+/// Where the character first stands from a position on, or -1.
+qsizetype find(QByteArrayView text, char wanted, qsizetype from = 0) {
+    // Lines are short and many: the search is inlined, the toolkit's is not.
+    const auto found = std::string_view(text.data(), static_cast<std::size_t>(text.size()))
+                           .find(wanted, static_cast<std::size_t>(from));
+    return found == std::string_view::npos ? -1 : static_cast<qsizetype>(found);
+}
+
+QByteArrayView withoutBlanksAround(QByteArrayView text) {
+    const bool certainlyNone = !text.isEmpty() && text.front() > ' ' && text.back() > ' ';
+    return certainlyNone ? text : text.trimmed();
+}
+
+/// Takes a number of exactly two digits from the front of the text.
+std::optional<int> takeTwoDigits(QByteArrayView& text) {
+    if (text.size() < 2 || !isDigit(text[0]) || !isDigit(text[1])) {
         return std::nullopt;
     }
-    int number = 0;
-    for (const char c : text.first(digits)) {
-        if (!isDigit(c)) {
-            return std::nullopt;
-        }
-        number = number * 10 + (c - '0');
-    }
-    text = text.sliced(digits);
+    const int number = 10 * (text[0] - '0') + (text[1] - '0');
+    text = text.sliced(2);
     return number;
+}
+
+/// Takes "1981-12-25" from the front of the text.
+std::optional<DateValue> takeDate(QByteArrayView& text) {
+    constexpr qsizetype length = 10;
+    if (text.size() < length || text[4] != '-' || text[7] != '-') {
+        return std::nullopt;
+    }
+    bool digitsOnly = true;
+    const auto digit = [&](qsizetype i) {
+        digitsOnly &= isDigit(text[i]);
+        return text[i] - '0';
+    };
+    const int year = 1000 * digit(0) + 100 * digit(1) + 10 * digit(2) + digit(3);
+    const int month = 10 * digit(5) + digit(6);
+    const int day = 10 * digit(8) + digit(9);
+    if (!digitsOnly) {
+        return std::nullopt;
+    }
+    text = text.sliced(length);
+    return dateOf(year, month, day);
 }
 
 bool take(QByteArrayView& text, char wanted) {
@@ -80,12 +124,12 @@ bool isTimeOfDay(QByteArrayView text) {
         return false;
     }
     text = text.trimmed();
-    const auto hours = takeNumber(text, 2);
+    const auto hours = takeTwoDigits(text);
     const bool colon = take(text, ':');
-    const auto minutes = takeNumber(text, 2);
+    const auto minutes = takeTwoDigits(text);
     std::optional<int> seconds = 0;
     if (take(text, ':')) {
-        seconds = takeNumber(text, 2);
+        seconds = takeTwoDigits(text);
     }
     return text.isEmpty() && colon && hours && minutes && seconds &&
            QTime(*hours, *minutes, *seconds).isValid();
@@ -106,26 +150,29 @@ void LineWriter::writeDate(DateValue value) {
     int month = 0;
     int day = 0;
     toQDate(value).getDate(&year, &month, &day);
-    m_bytes.append('#');
-    appendNumber(m_bytes, year, 4);
-    m_bytes.append('-');
-    appendNumber(m_bytes, month, 2);
-    m_bytes.append('-');
-    appendNumber(m_bytes, day, 2);
-    m_bytes.append("#\r\n");
+    ShortLine line;
+    line.put('#');
+    line.put(year, 4);
+    line.put('-');
+    line.put(month, 2);
+    line.put('-');
+    line.put(day, 2);
+    line.put('#');
+    m_bytes.append(line.ended());
 }
 
 void LineWriter::writeInteger(std::int32_t value) {
-    appendNumber(m_bytes, value);
-    m_bytes.append("\r\n");
+    ShortLine line;
+    line.put(value);
+    m_bytes.append(line.ended());
 }
 
 std::optional<QString> parseString(QByteArrayView line) {
-    QByteArrayView text = line.trimmed();
+    QByteArrayView text = withoutBlanksAround(line);
     if (!take(text, '"')) {
         return std::nullopt;
     }
-    const auto end = text.indexOf('"');
+    const qsizetype end = find(text, '"');
     if (end < 0) {
         return std::nullopt;
     }
@@ -136,27 +183,20 @@ std::optional<QString> parseString(QByteArrayView line) {
 }
 
 std::optional<DateValue> parseDate(QByteArrayView line) {
-    QByteArrayView text = line.trimmed();
+    QByteArrayView text = withoutBlanksAround(line);
     if (text.size() < 2 || text.front() != '#' || text.back() != '#') {
         return std::nullopt;
     }
-    text = text.sliced(1, text.size() - 2).trimmed();
-    const auto year = takeNumber(text, 4);
-    const bool firstHyphen = take(text, '-');
-    const auto month = takeNumber(text, 2);
-    const bool secondHyphen = take(text, '-');
-    const auto day = takeNumber(text, 2);
-    if (!year || !firstHyphen || !month || !secondHyphen || !day) {
-        return std::nullopt;
-    }
+    text = withoutBlanksAround(text.sliced(1, text.size() - 2));
+    const auto date = takeDate(text);
     if (!text.isEmpty() && !isTimeOfDay(text)) {
         return std::nullopt;
     }
-    return dateOf(*year, *month, *day);
+    return date;
 }
 
 std::optional<std::int64_t> parseInteger(QByteArrayView line) {
-    QByteArrayView text = line.trimmed();
+    QByteArrayView text = withoutBlanksAround(line);
     if (text.size() > 1 && text.front() == '+' && isDigit(text[1])) {
         text = text.sliced(1);
     }
@@ -190,7 +230,7 @@ QByteArrayView LineReader::nextLine() {
     }
     qsizetype lookedAt = 0; // where no line end is
     qsizetype end = -1;
-    while ((end = unread().indexOf('\n', lookedAt)) < 0) {
+    while ((end = find(unread(), '\n', lookedAt)) < 0) {
         lookedAt = m_end - m_begin;
         if (lookedAt > maximumLine) {
             skipLine();
@@ -216,7 +256,7 @@ QByteArrayView LineReader::nextLine() {
 void LineReader::skipLine() {
     qsizetype end = -1;
     do {
-        end = unread().indexOf('\n');
+        end = find(unread(), '\n');
         const qsizetype dropped = end < 0 ? m_end - m_begin : end + 1;
         m_begin += dropped;
         m_skipped += dropped;
