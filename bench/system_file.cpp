@@ -1,8 +1,8 @@
 // Reading and saving the largest system file against what nobody could leave out.
 //
 // Reading: a loop of std::getline over the same file, which takes the lines and does nothing with
-// them. Saving: writing the same bytes, made beforehand, in the same safe way. The two of a pair are
-// timed in turn, which of them first changes from round to round, and the medians are compared.
+// them. Saving: writing the same bytes, made beforehand, in the same safe way. The two of a pair
+// are timed in turn, which of them first changes from round to round, and the medians are compared.
 
 #include "storage/LineNotation.h"
 #include "storage/SystemFile.h"
@@ -40,8 +40,9 @@ Program fullSystem() {
     program.state.systemCount = memberCount;
     for (std::size_t i = 0; i < std::size_t{memberCount}; ++i) {
         program.state.systemMembers.push_back(
-            {.name = u"%1 %2 %3"_s.arg(QStringView(firstNames.at(i % firstNames.size())),
-                                       QStringView(lastNames.at(i % lastNames.size())))
+            {.name = u"%1 %2 %3"_s
+                         .arg(QStringView(firstNames.at(i % firstNames.size())),
+                              QStringView(lastNames.at(i % lastNames.size())))
                          .arg(i),
              .birthDate = static_cast<double>(7'000 + i * 7919 % 36'525)});
     }

@@ -58,9 +58,8 @@ QByteArray toCp1252(const QString& text) {
 
 QString fromCp1252(QByteArrayView bytes) {
     QString text(bytes.size(), Qt::Uninitialized);
-    std::transform(bytes.begin(), bytes.end(), text.begin(), [](char byte) {
-        return QChar(characters[static_cast<unsigned char>(byte)]);
-    });
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [](char byte) { return QChar(characters[static_cast<unsigned char>(byte)]); });
     return text;
 }
 

@@ -47,7 +47,8 @@ class ShortLine {
     void put(std::int32_t number, std::ptrdiff_t width = 0) {
         std::array<char, 11> digits{}; // the longest: -2147483648
         const char* end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-        m_end = std::fill_n(m_end, std::max<std::ptrdiff_t>(width - (end - digits.begin()), 0), '0');
+        m_end =
+            std::fill_n(m_end, std::max<std::ptrdiff_t>(width - (end - digits.begin()), 0), '0');
         m_end = std::copy(digits.cbegin(), end, m_end);
     }
 
@@ -209,8 +210,8 @@ std::optional<std::int64_t> parseInteger(QByteArrayView line) {
 }
 
 LineReader::LineReader(QIODevice& device)
-    : m_device(&device),
-      m_block(2 * maximumLine, Qt::Uninitialized) {}
+    : m_device(&device)
+    , m_block(2 * maximumLine, Qt::Uninitialized) {}
 
 void LineReader::read(QString& value) {
     if (auto text = parseString(nextLine())) {

@@ -23,8 +23,8 @@ namespace quor {
 /// A count that is missing or damaged keeps its value too, and as many members are read. They
 /// replace the old ones, all of them; one whose lines are missing or damaged is nameless, its date
 /// 0. A count of 0 or less makes `systemCount` 0 and leaves the old entries where they are, so
-/// `systemMembers` holds `systemCount` entries or more. Whatever the file holds, even when it cannot
-/// be opened, `systemFilePath` becomes the path and `modified` is cleared.
+/// `systemMembers` holds `systemCount` entries or more. Whatever the file holds, even when it
+/// cannot be opened, `systemFilePath` becomes the path and `modified` is cleared.
 void readSystemFile(const QString& path, Program& program);
 
 } // namespace quor

@@ -175,10 +175,10 @@ void TestSystemFile::dateAndOptionsAreReplacedAndNoOtherField() {
     program.biorhythm.birthDate = 300;
     program.state.filePath = u"persona.bio"_s;
     readSystemFile(files.write(sample()), program);
-    QCOMPARE(fields(program.biorhythm),
-             (QStringList{u"Persona"_s, u"300"_s,
-                          QString::number(toDateValue(QDate(2004, 3, 15))), u"3"_s, u"-10"_s,
-                          u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s, u"7"_s}));
+    QCOMPARE(
+        fields(program.biorhythm),
+        (QStringList{u"Persona"_s, u"300"_s, QString::number(toDateValue(QDate(2004, 3, 15))),
+                     u"3"_s, u"-10"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s, u"7"_s}));
     QCOMPARE(program.state.filePath, u"persona.bio"_s);
     QVERIFY(!program.state.systemOpen); // opening is the frame's part
 }
