@@ -79,6 +79,7 @@ struct AppState {
     bool modified = false;   ///< there are changes that no file holds
     std::int16_t systemCount = 0;
     std::vector<SystemMember> systemMembers; ///< the first `systemCount` count
+    bool exportWholeSystem = false;          ///< the export window is to export every member
     QString fastStart;                       ///< the setting as it stands in the store
     std::uint8_t guidedProcedureActive = 0;  ///< 0, or the number of the running tour
     bool guidedStepDone = false;

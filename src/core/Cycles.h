@@ -43,6 +43,11 @@ inline constexpr std::array periods{Period::physical, Period::emotional, Period:
 /// ((physical + emotional) + intellectual) / 3, summed in that order.
 [[nodiscard]] double cycleMean(std::int32_t dayCount);
 
+/// The mean repeats after this many days, the least common multiple of the three periods, on either
+/// side of day count 0: for negative day counts the remainders are negative too.
+inline constexpr std::int32_t meanPeriod =
+    days(Period::physical) * days(Period::emotional) * days(Period::intellectual);
+
 /// A day count held in a wider or fractional type, as the functions above take it: rounded to the
 /// nearest integer, ties to even. One beyond 32 bits is an overflow and gives nothing.
 [[nodiscard]] std::optional<std::int32_t> toDayCount(double dayCount);

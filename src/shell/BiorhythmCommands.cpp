@@ -7,6 +7,7 @@
 #include "guidance/FOpt.h"
 #include "shell/FIns.h"
 #include "storage/BiorhythmFile.h"
+#include "system/FProj.h"
 #include "toolkit/FileDialogs.h"
 #include "toolkit/Messages.h"
 
@@ -35,13 +36,22 @@ bool MDIForm1::closedCurrentBiorhythm() {
 }
 
 void MDIForm1::newBiorhythm() {
-    if (!closedCurrentBiorhythm()) {
+    if (!closedCurrent()) {
         return;
     }
     if (m_newBiorhythm == nullptr) {
         m_newBiorhythm = new FIns(m_program, *this, this);
     }
     m_newBiorhythm->open();
+}
+
+void MDIForm1::showBiorhythmEntry() {
+    if (m_newBiorhythm == nullptr) {
+        m_newBiorhythm = new FIns(m_program, *this, this);
+    }
+    m_newBiorhythm->show();
+    m_newBiorhythm->raise();
+    m_newBiorhythm->activateWindow();
 }
 
 void MDIForm1::openBiorhythm() {
@@ -58,15 +68,20 @@ void MDIForm1::openBiorhythm() {
 void MDIForm1::loadBiorhythmFile(const QString& path) {
     readBiorhythmFile(path, m_program);
     if (!m_program.state.systemOpen) {
-        DateValue& calculationDate = m_program.biorhythm.calculationDate;
-        if (dayNumber(calculationDate) != dayNumber(today()) &&
-            ask(this, u"La data di calcolo è diversa da quella di oggi. Si desidera aggiornarla?"_s,
-                u"Aggiornare?"_s) == Answer::yes) {
-            calculationDate = today();
-            m_program.state.modified = true;
-        }
+        offerToday();
     }
     applyBiorhythm();
+}
+
+/// Asks whether a calculation date that a file brought, and that is not today, is to become today.
+void MDIForm1::offerToday() {
+    DateValue& calculationDate = m_program.biorhythm.calculationDate;
+    if (dayNumber(calculationDate) != dayNumber(today()) &&
+        ask(this, u"La data di calcolo è diversa da quella di oggi. Si desidera aggiornarla?"_s,
+            u"Aggiornare?"_s) == Answer::yes) {
+        calculationDate = today();
+        m_program.state.modified = true;
+    }
 }
 
 void MDIForm1::saveBiorhythm() {
@@ -150,6 +165,7 @@ void MDIForm1::applyBiorhythm() {
     Biorhythm& biorhythm = m_program.biorhythm;
     biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
     if (m_program.state.systemOpen) {
+        ensureSystemWindow()->addMember(biorhythm.name);
         return;
     }
     setStatusPanel(StatusPanel::person, u"Nome: "_s + biorhythm.name);

@@ -7,6 +7,7 @@
 #include "shell/FIns.h"
 #include "shell/Folders.h"
 #include "shell/StatusLabel.h"
+#include "system/FProj.h"
 #include "toolkit/ChildWindow.h"
 #include "toolkit/ImageList.h"
 #include "toolkit/Messages.h"
@@ -181,13 +182,40 @@ void MDIForm1::start(const StartRequest& request) {
 }
 
 void MDIForm1::openFile(const QString& path) {
-    if (fileKind(path) == FileKind::biorhythm) {
+    switch (fileKind(path)) {
+    case FileKind::biorhythm:
         loadBiorhythmFile(path);
+        break;
+    case FileKind::system:
+        loadSystemFile(path);
+        break;
+    default:
+        break;
     }
 }
 
 void MDIForm1::run(Command command) {
     switch (command) {
+    case Command::mnuNuovoSistema:
+        newSystem();
+        break;
+    case Command::mnuApriSistema:
+        openSystemFile();
+        break;
+    case Command::mnuSalvaSistema:
+        saveSystem();
+        break;
+    case Command::mnuSalvaSistemaConNome:
+        saveSystemAs();
+        break;
+    case Command::mnuChiudiSistema:
+        askToCloseSystem();
+        break;
+    case Command::mnuEsportaSistema:
+        if (m_system != nullptr) {
+            m_system->exportSystem();
+        }
+        break;
     case Command::mnuCalcola:
         newBiorhythm();
         break;
@@ -229,6 +257,7 @@ void MDIForm1::run(Command command) {
     case Command::mnuAbout:
         (new FAbout(QString::fromLatin1(version()), this))->open();
         break;
+    case Command::mnuOpzioniSistema:
     case Command::mnuOpzioni:
         openOptions();
         break;
@@ -251,8 +280,17 @@ void MDIForm1::setCommandEnabled(Command command, bool enabled) {
     action(command)->setEnabled(enabled);
 }
 
+void MDIForm1::setMenuEnabled(Menu menu, bool enabled) {
+    const MenuInfo& info = menuTable()[static_cast<std::size_t>(menu)];
+    menuBar()->findChild<QMenu*>(QString::fromLatin1(info.name))->menuAction()->setEnabled(enabled);
+}
+
 void MDIForm1::setToolEnabled(int position, bool enabled) {
     m_tools.at(static_cast<std::size_t>(position) - 1)->setEnabled(enabled);
+}
+
+void MDIForm1::setToolbarEnabled(bool enabled) {
+    m_toolbar->setEnabled(enabled);
 }
 
 void MDIForm1::setStatusPanel(StatusPanel panel, const QString& text) {
@@ -337,11 +375,10 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
 }
 
 void MDIForm1::quit() {
-    if (!m_program.state.systemOpen && m_program.biorhythm.isPresent()) {
-        askToCloseBiorhythm();
-        if (m_closeAnswer == Answer::no) {
-            return;
-        }
+    const AppState& state = m_program.state;
+    const bool hasData = state.systemOpen ? state.systemCount > 0 : m_program.biorhythm.isPresent();
+    if (hasData && !closedCurrent()) {
+        return;
     }
     end();
 }

@@ -21,6 +21,7 @@ class FGrphSet;
 class FIns;
 class FOpt;
 class FPrev;
+class FProj;
 class FStat;
 class StatusLabel;
 
@@ -46,15 +47,22 @@ class MDIForm1 : public QMainWindow, public Frame {
     /// and applies the biorhythm.
     void loadBiorhythmFile(const QString& path);
 
-    /// Forgets the current biorhythm and closes every window that shows it, without a question.
-    void closeBiorhythm();
+    /// Reads a .brs file, asks whether to move an old calculation date to today, and opens the
+    /// system window with its members.
+    void loadSystemFile(const QString& path);
 
     [[nodiscard]] QWidget* widget() override { return this; }
     void run(Command command) override;
     void setCommandEnabled(Command command, bool enabled) override;
+    void setMenuEnabled(Menu menu, bool enabled) override;
     void setToolEnabled(int position, bool enabled) override;
+    void setToolbarEnabled(bool enabled) override;
     void setStatusPanel(StatusPanel panel, const QString& text) override;
     void applyBiorhythm() override;
+    void closeBiorhythm() override;
+    void showBiorhythmEntry() override;
+    void showExport(const QString& caption) override;
+    void showPrint(PrintMode mode) override;
     void showChild(ChildWindow* child) override;
     void showDayPopup(const DayPopup& popup, QPoint globalPosition) override;
 
@@ -96,7 +104,17 @@ class MDIForm1 : public QMainWindow, public Frame {
     void askToCloseBiorhythm();
     void moveCalculationDate();
     void showCalculationDate();
+    void offerToday();
     [[nodiscard]] bool closedCurrentBiorhythm();
+
+    // The commands of the menu of systems (SystemCommands.cpp).
+    void newSystem();
+    void openSystemFile();
+    void saveSystem();
+    void saveSystemAs();
+    void askToCloseSystem();
+    [[nodiscard]] bool closedCurrent();
+    FProj* ensureSystemWindow();
 
     void quit();
     void end();
@@ -113,6 +131,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     QPointer<FGrphSet> m_weekly;
     QPointer<FStat> m_dayState;
     QPointer<FPrev> m_forecasts;
+    QPointer<FProj> m_system; ///< while a system is open
     QPointer<FIns> m_newBiorhythm;
     QPointer<FOpt> m_options;
     /// The answer to the last question whether to close the biorhythm.

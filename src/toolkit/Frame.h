@@ -15,6 +15,9 @@ class ChildWindow;
 /// The three panels of the status bar.
 enum class StatusPanel : std::uint8_t { person = 1, birth = 2, calculation = 3 };
 
+/// What the print window does with its page.
+enum class PrintMode : std::uint8_t { preview = 0, print = 1 };
+
 /// What the popup of a graph says about a day: each caption as it is shown.
 struct DayPopup {
     QString day;
@@ -39,13 +42,29 @@ class Frame {
 
     virtual void run(Command command) = 0;
     virtual void setCommandEnabled(Command command, bool enabled) = 0;
+    /// A whole menu of the bar; its commands keep their own state.
+    virtual void setMenuEnabled(Menu menu, bool enabled) = 0;
     /// @param position 1-based, separators counted
     virtual void setToolEnabled(int position, bool enabled) = 0;
+    /// The whole toolbar; its buttons keep their own state.
+    virtual void setToolbarEnabled(bool enabled) = 0;
     virtual void setStatusPanel(StatusPanel panel, const QString& text) = 0;
 
     /// Makes the contents of the biorhythm record current: adds the person to the open system, or
     /// updates the frame and opens the chosen views.
     virtual void applyBiorhythm() = 0;
+
+    /// Forgets the current biorhythm and closes every window that shows it, without a question.
+    virtual void closeBiorhythm() = 0;
+
+    /// The dialog for a new biorhythm, beside which the other windows stay usable.
+    virtual void showBiorhythmEntry() = 0;
+
+    /// The window that exports the current biorhythm or, with `exportWholeSystem`, the open system.
+    /// Whatever the caller disabled for it is usable again when it closes.
+    virtual void showExport(const QString& caption) = 0;
+    /// The same for the window that prints the current biorhythm or shows its preview.
+    virtual void showPrint(PrintMode mode) = 0;
 
     /// Makes the window a child of the frame, or brings it to the front if it is one, and shows it.
     /// A window that closes is deleted.

@@ -3,9 +3,11 @@
 #include "core/TestDateEntry.h"
 #include "core/TestDates.h"
 #include "core/TestRounding.h"
+#include "core/TestSystemMean.h"
 #include "support/Hermetic.h"
 
 #include <QCoreApplication>
 
 QUOR_TEST_MAIN(QCoreApplication, quor::test::TestBiorhythm, quor::test::TestCycles,
-               quor::test::TestDateEntry, quor::test::TestDates, quor::test::TestRounding)
+               quor::test::TestDateEntry, quor::test::TestDates, quor::test::TestRounding,
+               quor::test::TestSystemMean)

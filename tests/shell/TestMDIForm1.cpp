@@ -468,11 +468,12 @@ void TestMDIForm1::oneGraphAtATime() {
 
 void TestMDIForm1::withASystemOpen() {
     FrameFixture fixture;
-    fixture.program.state.systemOpen = true;
+    fixture.frame.run(Command::mnuNuovoSistema);
     fixture.program.biorhythm.openGraph = true;
     fixture.enter();
-    QVERIFY(fixture.children().isEmpty()); // the person belongs to the system: no view opens
-    QCOMPARE(fixture.panels(), (QStringList{{}, {}, {}}));
+    QCOMPARE(fixture.children(), QStringList{u"Sistema corrente"_s}); // no view opens
+    QCOMPARE(fixture.panels(), (QStringList{u"Nome: "_s, u"1 bioritmi nel sistema"_s,
+                                            u"Data in esame per il calcolo: 15/03/2004"_s}));
 }
 
 } // namespace quor::test

@@ -28,12 +28,37 @@ void RecordingFrame::setToolEnabled(int position, bool enabled) {
     calls << u"tool %1 %2"_s.arg(QString::number(position), onOff(enabled));
 }
 
+void RecordingFrame::setMenuEnabled(Menu menu, bool enabled) {
+    const MenuInfo& info = menuTable()[static_cast<std::size_t>(menu)];
+    calls << u"menu %1 %2"_s.arg(QString::fromLatin1(info.name), onOff(enabled));
+}
+
+void RecordingFrame::setToolbarEnabled(bool enabled) {
+    calls << u"toolbar "_s + onOff(enabled);
+}
+
 void RecordingFrame::setStatusPanel(StatusPanel panel, const QString& text) {
     calls << u"panel %1 %2"_s.arg(QString::number(static_cast<int>(panel)), text);
 }
 
 void RecordingFrame::applyBiorhythm() {
     calls << u"apply"_s;
+}
+
+void RecordingFrame::closeBiorhythm() {
+    calls << u"close biorhythm"_s;
+}
+
+void RecordingFrame::showBiorhythmEntry() {
+    calls << u"enter biorhythm"_s;
+}
+
+void RecordingFrame::showExport(const QString& caption) {
+    calls << u"export "_s + caption;
+}
+
+void RecordingFrame::showPrint(PrintMode mode) {
+    calls << (mode == PrintMode::print ? u"print"_s : u"preview"_s);
 }
 
 void RecordingFrame::showChild(ChildWindow* child) {

@@ -14,9 +14,15 @@ class RecordingFrame : public Frame {
     [[nodiscard]] QWidget* widget() override { return nullptr; }
     void run(Command command) override;
     void setCommandEnabled(Command command, bool enabled) override;
+    void setMenuEnabled(Menu menu, bool enabled) override;
     void setToolEnabled(int position, bool enabled) override;
+    void setToolbarEnabled(bool enabled) override;
     void setStatusPanel(StatusPanel panel, const QString& text) override;
     void applyBiorhythm() override;
+    void closeBiorhythm() override;
+    void showBiorhythmEntry() override;
+    void showExport(const QString& caption) override;
+    void showPrint(PrintMode mode) override;
     void showChild(ChildWindow* child) override;
     void showDayPopup(const DayPopup& popup, QPoint globalPosition) override;
 

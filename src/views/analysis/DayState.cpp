@@ -3,6 +3,9 @@
 #include "core/Cycles.h"
 #include "core/Rounding.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace quor {
 
 double DayState::value(StateItem item) const {
@@ -26,6 +29,24 @@ StateValues stateValues(std::int32_t dayCount) {
 
 DayState dayState(std::int32_t dayCount) {
     return {.today = stateValues(dayCount), .yesterday = stateValues(dayCount - 1)};
+}
+
+DayState systemDayState(std::span<const std::int32_t> dayCounts) {
+    DayState sums;
+    const auto add = [](StateValues& sum, const StateValues& values) {
+        std::ranges::transform(sum, values, sum.begin(), std::plus());
+    };
+    for (const std::int32_t dayCount : dayCounts) {
+        add(sums.today, stateValues(dayCount));
+        add(sums.yesterday, stateValues(dayCount - 1));
+    }
+    const auto members = static_cast<double>(dayCounts.size());
+    for (StateValues* values : {&sums.today, &sums.yesterday}) {
+        for (double& value : *values) {
+            value /= members;
+        }
+    }
+    return sums;
 }
 
 int shownValue(double value) {

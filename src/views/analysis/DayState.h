@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 /// The state of one day: the three cycles and their mean, and where each is heading.
 namespace quor {
@@ -37,6 +38,10 @@ struct DayState {
 /// One person's state.
 /// @param dayCount day count of the day whose state it is; above the smallest 32-bit integer
 [[nodiscard]] DayState dayState(std::int32_t dayCount);
+
+/// The state of a system: the members' values × 10 added in their order, divided by their number.
+/// @param dayCounts of each member, at least one, on the day whose state it is
+[[nodiscard]] DayState systemDayState(std::span<const std::int32_t> dayCounts);
 
 /// A value as it is shown: rounded, ties to even.
 /// @param value in [-10, 10]

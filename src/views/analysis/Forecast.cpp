@@ -3,6 +3,9 @@
 #include "core/Cycles.h"
 #include "core/Rounding.h"
 
+#include <algorithm>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace quor {
@@ -35,6 +38,45 @@ Forecast personForecast(std::int32_t dayCount) {
     return {.inversion = findInversion(mean, inversions),
             .maximum = findTenScale(mean, personExtreme, extremes),
             .minimum = findTenScale(mean, -personExtreme, extremes)};
+}
+
+Forecast systemForecast(const SystemMean& system) {
+    // Events are near as a rule: small blocks of days first, then the longest that costs no more.
+    constexpr std::size_t firstBlock = 32;
+    constexpr std::size_t growth = 4;
+    // From the last birth on the sum repeats with the mean's period, and over a period its values
+    // cancel out: there a change of sign comes, unless the system is so even that nothing but
+    // rounding is left.
+    const std::int32_t lastDay = system.lastBirth() + 2 * meanPeriod;
+
+    Forecast forecast;
+    double dayBefore = 0;
+    system.mean(-1, {&dayBefore, 1});
+    std::vector<double> block(firstBlock);
+    std::int32_t day = 0;
+    const auto searching = [&] {
+        return (day < systemHorizon && !(forecast.maximum && forecast.minimum)) ||
+               (day <= lastDay && !forecast.inversion);
+    };
+    while (searching()) {
+        system.mean(day, block);
+        for (const double value : block) {
+            if (!forecast.inversion && value * dayBefore <= 0) {
+                forecast.inversion = day;
+            }
+            dayBefore = value;
+            const int shown = toTenScale(value);
+            if (!forecast.maximum && shown == systemExtreme && day < systemHorizon) {
+                forecast.maximum = day;
+            }
+            if (!forecast.minimum && shown == -systemExtreme && day < systemHorizon) {
+                forecast.minimum = day;
+            }
+            ++day;
+        }
+        block.resize(std::min(growth * block.size(), DayTable::longestSlice));
+    }
+    return forecast;
 }
 
 std::array<ForecastRow, 3> forecastRows(const Forecast& forecast, DateValue calculationDate,

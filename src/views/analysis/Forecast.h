@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Dates.h"
+#include "core/SystemMean.h"
 
 #include <QLocale>
 #include <QString>
@@ -30,9 +31,6 @@ struct DayRange {
 [[nodiscard]] std::optional<std::int32_t> findTenScale(const MeanByDay& mean, int target,
                                                        DayRange range);
 
-/// One person's mean repeats after this many days, the least common multiple of the three periods.
-inline constexpr std::int32_t meanPeriod = 23 * 28 * 33;
-
 /// Bounds for the searches of one person's forecast, in days.
 ///
 /// All day counts were tried: within one period the mean shows 10 on 63 days and -10 on 63 days,
@@ -60,6 +58,16 @@ inline constexpr int personExtreme = 10;
 /// @param dayCount day count of the calculation date, at least 2000 days from the bounds of its
 /// type (dates up to the year 9999 stay below four million)
 [[nodiscard]] Forecast personForecast(std::int32_t dayCount);
+
+/// The value that a system's forecast takes for a maximum; its negative is a minimum.
+inline constexpr int systemExtreme = 9;
+
+/// A system's maximum or minimum on this day or later counts as none.
+inline constexpr std::int32_t systemHorizon = 22'000;
+
+/// A system's forecast. Unlike a person's it starts on the calculation date itself. The inversion
+/// may lie beyond the horizon; it is looked for until the sum over all members has repeated itself.
+[[nodiscard]] Forecast systemForecast(const SystemMean& system);
 
 /// An event as it is shown.
 struct ForecastRow {

@@ -1,0 +1,71 @@
+#include "system/SystemOperations.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+void setSystemCommandsEnabled(Frame& frame, bool enabled) {
+    for (const CommandInfo& info : commandTable()) {
+        if (info.needs == Needs::system) {
+            frame.setCommandEnabled(info.command, enabled);
+        }
+    }
+}
+
+void setToolsEnabled(Frame& frame, std::initializer_list<Command> commands, bool enabled) {
+    for (const ToolInfo& info : toolTable()) {
+        if (!info.isSeparator() && std::ranges::find(commands, info.command) != commands.end()) {
+            frame.setToolEnabled(info.position, enabled);
+        }
+    }
+}
+
+} // namespace
+
+void openSystem(Program& program, Frame& frame) {
+    program.state.systemOpen = true;
+    frame.setMenuEnabled(Menu::mnuBioritmi, false);
+    setSystemCommandsEnabled(frame, true);
+    setToolsEnabled(frame, {Command::mnuSalvaSistema, Command::mnuOpzioni, Command::mnuEsporta},
+                    true);
+    setToolsEnabled(frame, {Command::mnuCalcola, Command::mnuApriBioritmo}, false);
+}
+
+void closeSystem(Program& program, Frame& frame) {
+    for (const auto panel : {StatusPanel::person, StatusPanel::birth, StatusPanel::calculation}) {
+        frame.setStatusPanel(panel, {});
+    }
+    frame.setMenuEnabled(Menu::mnuBioritmi, true);
+    setSystemCommandsEnabled(frame, false);
+    setToolsEnabled(frame, {Command::mnuSalvaSistema, Command::mnuOpzioni, Command::mnuEsporta},
+                    false);
+    setToolsEnabled(frame, {Command::mnuCalcola, Command::mnuApriBioritmo}, true);
+
+    AppState& state = program.state;
+    state.systemFilePath.clear();
+    if (!program.biorhythm.name.isEmpty()) {
+        frame.closeBiorhythm();
+    }
+    state.systemOpen = false;
+    state.systemCount = 0;
+    state.systemMembers.assign(1, {});
+}
+
+void showSystemStatus(const Program& program, Frame& frame) {
+    const AppState& state = program.state;
+    if (!state.systemOpen) {
+        return;
+    }
+    frame.setStatusPanel(StatusPanel::person, u"Nome: "_s + state.systemFilePath);
+    frame.setStatusPanel(StatusPanel::birth, u"%1 bioritmi nel sistema"_s.arg(state.systemCount));
+    frame.setStatusPanel(StatusPanel::calculation,
+                         u"Data in esame per il calcolo: "_s +
+                             shortDate(program.biorhythm.calculationDate));
+}
+
+} // namespace quor

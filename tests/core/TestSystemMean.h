@@ -1,0 +1,18 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestSystemMean : public Test {
+    Q_OBJECT
+
+  private slots:
+    void slicesHoldTheFunctionsValues_data();
+    void slicesHoldTheFunctionsValues();
+    void equalsTheDirectSumsToTheLastBit_data();
+    void equalsTheDirectSumsToTheLastBit();
+    void dayCountsFollowTheMembersOrder();
+};
+
+} // namespace quor::test
