@@ -98,9 +98,9 @@ void TestPrintDocument::aQueueGetsTheVeryFile() {
     const QTemporaryDir folder;
     const QString arguments = folder.filePath(u"arguments"_s);
     const QString received = folder.filePath(u"received"_s);
-    writeScript(folder.filePath(u"lp"_s), "printf '%s\\n' \"$@\" > '" +
-                                              arguments.toLocal8Bit() + "'\nexec /bin/cat > '" +
-                                              received.toLocal8Bit() + "'\n");
+    writeScript(folder.filePath(u"lp"_s), "printf '%s\\n' \"$@\" > '" + arguments.toLocal8Bit() +
+                                              "'\nexec /bin/cat > '" + received.toLocal8Bit() +
+                                              "'\n");
     const SearchPath path(folder.path());
     const PrintableDocument document = twoPages();
     ScriptedDialogs dialogs;
