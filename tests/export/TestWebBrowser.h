@@ -25,7 +25,9 @@ class TestWebBrowser : public Test {
     void prints();
     void previews();
     void staysHidden();
+#ifdef QUOR_RENDERER // not with sanitizers
     void rendersForReal();
+#endif
 };
 
 } // namespace quor::test

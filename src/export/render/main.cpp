@@ -42,6 +42,7 @@ void prepareSurroundings() {
           "QTWEBENGINE_REMOTE_DEBUGGING", "QTWEBENGINE_DISABLE_SANDBOX"}) {
         qunsetenv(variable);
     }
+    // The proxy that does not exist is a second wall behind the one that looks at each request.
     QByteArray flags = "--disable-gpu --disable-gpu-compositing --disable-software-rasterizer "
                        "--disable-background-networking --disable-component-update "
                        "--disable-breakpad --disable-logging --disable-dev-shm-usage "

@@ -1,0 +1,92 @@
+#include "export/cups/TestCups.h"
+
+#include "export/PrintDocument.h"
+#include "export/PrintQueueJob.h"
+#include "toolkit/SystemPrintDialog.h"
+
+#include "export/PrintingFixture.h"
+#include "support/ScriptedDialogs.h"
+
+#include <QApplication>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::test {
+
+namespace {
+
+QString queue() {
+    return qEnvironmentVariable("QUOR_TEST_QUEUE");
+}
+
+PrintableDocument threePages() {
+    return {.pdf = pdfWithPages({u"uno"_s, u"due"_s, u"tre"_s}), .name = u"prova"_s};
+}
+
+bool printed() {
+    return QTest::qWaitFor(
+        [] { return QCoreApplication::instance()->findChild<PrintQueueJob*>() == nullptr; }, 60000);
+}
+
+} // namespace
+
+void TestCups::theDialogKnowsTheQueue() {
+    QVERIFY(QPrinterInfo::availablePrinterNames().contains(queue()));
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPrinterName(queue());
+    QVERIFY(printer.isValid());
+    printer.setCopyCount(2);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    const PrintChoice choice = printChoice(printer, 3);
+    QCOMPARE(choice.printer, queue());
+    QVERIFY(choice.file.isEmpty());
+    QCOMPARE(choice.copies, 2);
+    QVERIFY(choice.options.contains(u"media=A4"_s));
+}
+
+void TestCups::printsChosenPages() {
+    ScriptedDialogs dialogs;
+    dialogs.expectPrint(u"Stampa"_s, u"prova"_s, 3,
+                        PrintChoice{.printer = queue(),
+                                    .file = {},
+                                    .copies = 2,
+                                    .pages = {{.first = 2, .last = 3}},
+                                    .options = {u"media=A4"_s, u"sides=one-sided"_s}});
+    printDocument(nullptr, threePages());
+    QVERIFY(printed());
+}
+
+void TestCups::paintsWithoutTheHandOverProgram() {
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", "/nonexistent");
+    ScriptedDialogs dialogs;
+    dialogs.expectPrint(
+        u"Stampa"_s, u"prova"_s, 3,
+        PrintChoice{.printer = queue(), .file = {}, .pages = {{.first = 1, .last = 2}}});
+    printDocument(nullptr, threePages());
+    qputenv("PATH", path);
+}
+
+void TestCups::reportsAnUnknownQueue() {
+    class Listener : public ScriptedDialogs {
+      public:
+        Answer message(QWidget* /*parent*/, const MessageBox& box) override {
+            texts << box.text;
+            return Answer::ok;
+        }
+        QStringList texts;
+    };
+    Listener dialogs;
+    dialogs.expectPrint(u"Stampa"_s, u"prova"_s, 3,
+                        PrintChoice{.printer = u"Nessuna"_s, .file = {}});
+    printDocument(nullptr, threePages());
+    QVERIFY(printed());
+    QCOMPARE(dialogs.texts.size(), 1);
+    // What follows is in the words of the print system.
+    QVERIFY(dialogs.texts.constFirst().startsWith(
+        u"La stampante \"Nessuna\" non accetta la stampa.\n"_s));
+}
+
+} // namespace quor::test
