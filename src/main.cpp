@@ -48,8 +48,7 @@ int exportWithoutScreen(int& argc, char** argv, const quor::BatchRequest& reques
     quor::setUpLocale();
     quor::BatchRequest batch = request;
     if (batch.outputFolder.isEmpty()) {
-        batch.outputFolder =
-            quor::prepareFolders(QGuiApplication::applicationDirPath()).exports;
+        batch.outputFolder = quor::prepareFolders(QGuiApplication::applicationDirPath()).exports;
     }
     QTextStream output(stdout);
     QTextStream errors(stderr);

@@ -22,8 +22,7 @@ ExportRunner::ExportRunner(Program& program, Frame& frame, ExportRequest request
         owner->window()->setEnabled(true);
         m_progress->setEnabled(true);
     }
-    m_progress->startRun(m_run.steps(),
-                         u"Un attimo di pazienza mentre esporto le immagini"_s);
+    m_progress->startRun(m_run.steps(), u"Un attimo di pazienza mentre esporto le immagini"_s);
     m_progress->show();
     connect(&m_steps, &QTimer::timeout, this, &ExportRunner::advance);
     m_steps.start(0);

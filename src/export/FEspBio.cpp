@@ -62,10 +62,9 @@ void FEspBio::startRun() {
                                  .pictureSize = exportPictureSize(variant, *this)},
                                 this);
     connect(m_runner, &ExportRunner::logged, this, &FEspBio::log);
-    connect(m_runner, &ExportRunner::finished, this,
-            [this](const QString& /*summaryPath*/, const QString& errorText) {
-                endRun(errorText);
-            });
+    connect(
+        m_runner, &ExportRunner::finished, this,
+        [this](const QString& /*summaryPath*/, const QString& errorText) { endRun(errorText); });
 }
 
 void FEspBio::endRun(const QString& errorText) {

@@ -32,12 +32,11 @@ FStampaBio::FStampaBio(Program& program, Frame& frame, PrintMode mode, QWidget* 
     connect(m_ui->Command3, &QPushButton::clicked, this,
             [this] { ShowHelp(this, helpPath(u"4stampa.html"_s)); });
     connect(m_ui->WebBrowser1, &WebBrowser::documentComplete, this, &FStampaBio::documentComplete);
-    connect(m_ui->WebBrowser1, &WebBrowser::navigationFailed, this,
-            [this](const QString& reason) {
-                m_pending = false;
-                release();
-                showError(this, reason, u"Errore"_s);
-            });
+    connect(m_ui->WebBrowser1, &WebBrowser::navigationFailed, this, [this](const QString& reason) {
+        m_pending = false;
+        release();
+        showError(this, reason, u"Errore"_s);
+    });
 }
 
 FStampaBio::~FStampaBio() = default;
@@ -53,9 +52,9 @@ void FStampaBio::start() {
     // working; nothing in it can be used.
     m_ui->Controls->setEnabled(false);
 
-    const QString prefix = pathPrefix(
-        m_program.state.exportFolder,
-        exportPrefix(m_program, ExportScope::person, PageVariant::print));
+    const QString prefix =
+        pathPrefix(m_program.state.exportFolder,
+                   exportPrefix(m_program, ExportScope::person, PageVariant::print));
     const auto isMissing = [](const QCheckBox* wanted, const QString& path) {
         return wanted->isChecked() && !QFileInfo::exists(path);
     };

@@ -31,8 +31,7 @@ StartRequest parseArguments(const QStringList& arguments) {
         return {};
     }
     if (!arguments.constFirst().startsWith(u"--"_s)) {
-        return {
-            .mode = StartMode::commandLineText, .text = arguments.join(u' '), .batch = {}};
+        return {.mode = StartMode::commandLineText, .text = arguments.join(u' ')};
     }
 
     const QCommandLineOption open(u"open"_s, {}, u"FILE"_s);
@@ -46,7 +45,7 @@ StartRequest parseArguments(const QStringList& arguments) {
     parser.addOptions({open, exporting, forPrint, output, date, help, version});
 
     const auto wrong = [](const QString& text) {
-        return StartRequest{.mode = StartMode::wrongUse, .text = text, .batch = {}};
+        return StartRequest{.mode = StartMode::wrongUse, .text = text};
     };
     if (!parser.parse(QStringList{u"quor"_s} + arguments)) {
         const QStringList unknown = parser.unknownOptionNames();
@@ -62,10 +61,10 @@ StartRequest parseArguments(const QStringList& arguments) {
         return wrong(u"argomento di troppo: "_s + parser.positionalArguments().constFirst());
     }
     if (parser.isSet(help)) {
-        return {.mode = StartMode::showHelp, .text = {}, .batch = {}};
+        return {.mode = StartMode::showHelp};
     }
     if (parser.isSet(version)) {
-        return {.mode = StartMode::showVersion, .text = {}, .batch = {}};
+        return {.mode = StartMode::showVersion};
     }
     if (parser.isSet(exporting)) {
         if (parser.isSet(open)) {
@@ -80,12 +79,12 @@ StartRequest parseArguments(const QStringList& arguments) {
     }
     for (const auto* option : {&forPrint, &output, &date}) {
         if (parser.isSet(*option)) {
-            return wrong(u"l'opzione --%1 vale solo con --export"_s.arg(
-                option->names().constFirst()));
+            return wrong(
+                u"l'opzione --%1 vale solo con --export"_s.arg(option->names().constFirst()));
         }
     }
     if (parser.isSet(open)) {
-        return {.mode = StartMode::openFile, .text = parser.value(open), .batch = {}};
+        return {.mode = StartMode::openFile, .text = parser.value(open)};
     }
     return {};
 }

@@ -25,8 +25,8 @@ enum class StartMode : std::uint8_t {
 
 struct StartRequest {
     StartMode mode = StartMode::plain;
-    QString text;
-    BatchRequest batch;
+    QString text{};
+    BatchRequest batch{};
 };
 
 /// @param arguments without the program's name

@@ -149,8 +149,8 @@ void TestFEspBio::exportsEveryMember() {
     window.run(true, false, false, 0);
     QCOMPARE(window.files(), (QStringList{u"Famiglia_Ada_15-03-2004_grafico.png"_s,
                                           u"Famiglia_Bice_15-03-2004_grafico.png"_s}));
-    QCOMPARE(window.log(), (QStringList{u"In attesa"_s, u"Grafico di Ada"_s + ok,
-                                        u"Grafico di Bice"_s + ok}));
+    QCOMPARE(window.log(),
+             (QStringList{u"In attesa"_s, u"Grafico di Ada"_s + ok, u"Grafico di Bice"_s + ok}));
     QCOMPARE(window.program.biorhythm.name, u"Bice"_s);
 }
 

@@ -206,8 +206,8 @@ void TestFStampaBio::pageThatIsNotThereIsTold() {
     window.check(2)->click();
     window.check(3)->click(); // nothing is wanted, so nothing is exported
     window.setRenderer(u"test -f \"$2\" || exit 1"_s);
-    window.dialogs.expectBox(
-        u"Errore"_s, u"La pagina da stampare manca o non si può impaginare (codice 1)."_s);
+    window.dialogs.expectBox(u"Errore"_s,
+                             u"La pagina da stampare manca o non si può impaginare (codice 1)."_s);
     window.run();
     QTRY_VERIFY(window.dialogs.finished());
     QVERIFY(window.files().isEmpty());

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/Clock.h"
 #include "core/Biorhythm.h"
+#include "core/Clock.h"
 #include "storage/BiorhythmFile.h"
 
 #include "support/RecordingFrame.h"

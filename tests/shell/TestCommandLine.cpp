@@ -116,8 +116,8 @@ void TestCommandLine::endings() {
 }
 
 void TestCommandLine::usageNamesEveryOption() {
-    for (const QString& option : {u"--open"_s, u"--export"_s, u"--print"_s, u"--output"_s, u"--date"_s, u"--help"_s,
-                                  u"--version"_s}) {
+    for (const QString& option : {u"--open"_s, u"--export"_s, u"--print"_s, u"--output"_s,
+                                  u"--date"_s, u"--help"_s, u"--version"_s}) {
         QVERIFY(usageText().contains(option));
     }
 }
