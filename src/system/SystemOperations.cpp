@@ -62,8 +62,7 @@ void showSystemStatus(const Program& program, Frame& frame) {
         return;
     }
     frame.setStatusPanel(StatusPanel::person, u"Nome: "_s + state.systemFilePath);
-    frame.setStatusPanel(StatusPanel::birth,
-                         u"%1 bioritmi nel sistema"_s.arg(state.systemCount));
+    frame.setStatusPanel(StatusPanel::birth, u"%1 bioritmi nel sistema"_s.arg(state.systemCount));
     frame.setStatusPanel(StatusPanel::calculation,
                          u"Data in esame per il calcolo: "_s +
                              shortDate(program.biorhythm.calculationDate));

@@ -1,5 +1,7 @@
 #include "support/Hermetic.h"
+#include "views/analysis/TestCompatibility.h"
 #include "views/analysis/TestDayState.h"
+#include "views/analysis/TestFComp.h"
 #include "views/analysis/TestFPrev.h"
 #include "views/analysis/TestFStat.h"
 #include "views/analysis/TestForecast.h"
@@ -11,4 +13,5 @@
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestDayState, quor::test::TestStatePlot,
                quor::test::TestForecast, quor::test::TestReference, quor::test::TestStateBars,
-               quor::test::TestFStat, quor::test::TestFPrev)
+               quor::test::TestFStat, quor::test::TestFPrev, quor::test::TestCompatibility,
+               quor::test::TestFComp)

@@ -1,0 +1,151 @@
+#include "views/analysis/FComp.h"
+
+#include "toolkit/Messages.h"
+#include "toolkit/PictureBox.h"
+#include "toolkit/ShowHelp.h"
+#include "views/analysis/CompatibilityDrawing.h"
+
+#include "ui_FComp.h"
+
+#include <QListView>
+#include <QStringListModel>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+constexpr Compatibility bestOfAll{
+    .physical = 100, .emotional = 100, .intellectual = 100, .overall = 100};
+
+} // namespace
+
+FComp::FComp(const Program& program, QWidget* parent)
+    : ChildWindow(parent)
+    , m_ui(std::make_unique<Ui::FComp>())
+    , m_calculationDate(program.biorhythm.calculationDate)
+    , m_colours(graphOptions(program.biorhythm).colours) {
+    m_ui->setupUi(this);
+    m_panels = {m_ui->Picture1_0, m_ui->Picture1_1, m_ui->Picture1_2, m_ui->Picture1_3};
+    m_choices.at(0).list = m_ui->Combo1;
+    m_choices.at(1).list = m_ui->Combo2;
+    fillLists(program.state);
+    setPanelSizes();
+    for (std::size_t panel = 0; panel < m_panels.size(); ++panel) {
+        connect(m_panels.at(panel), &PictureBox::resized, this,
+                [this, panel] { drawPanel(panel); });
+    }
+    for (Choice& choice : m_choices) {
+        connect(choice.list, &QComboBox::activated, this, [this, &choice] { choose(choice); });
+    }
+    connect(m_ui->Command1, &QPushButton::clicked, this, &FComp::closeWindow);
+    connect(m_ui->Command2, &QPushButton::clicked, this,
+            [this] { ShowHelp(this, helpPath(u"3compat.html"_s)); });
+    drawPanels();
+    m_ui->Combo1->setFocus();
+}
+
+FComp::~FComp() = default;
+
+QSize FComp::sizeHint() const {
+    return QWidget::sizeHint().expandedTo({760, 560});
+}
+
+void FComp::changeEvent(QEvent* event) {
+    ChildWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        setPanelSizes(); // the text's strip and the plot below it follow the font
+        drawPanels();
+    }
+}
+
+/// Both lists show one model, so that a system of very many members costs neither of them an entry
+/// of its own.
+void FComp::fillLists(const AppState& state) {
+    const auto members = state.systemMembers.begin();
+    const auto end =
+        members + std::clamp<std::ptrdiff_t>(state.systemCount, 0, std::ssize(state.systemMembers));
+    QStringList names;
+    std::for_each(members, end, [&](const SystemMember& member) {
+        names << member.name;
+        m_birthDates.push_back(member.birthDate);
+    });
+    auto* model = new QStringListModel(names, this);
+    for (const Choice& choice : m_choices) {
+        choice.list->setModel(model);
+        choice.list->setCurrentIndex(-1);
+        if (auto* view = qobject_cast<QListView*>(choice.list->view())) {
+            view->setUniformItemSizes(true);
+        }
+    }
+}
+
+void FComp::choose(Choice& choice) {
+    const int member = choice.list->currentIndex();
+    if (member < 0) {
+        return;
+    }
+    choice.birthDate = m_birthDates.at(static_cast<std::size_t>(member));
+    choice.dayCount = dayCount(choice.birthDate, m_calculationDate);
+    if (areCompared(m_choices.at(0).dayCount, m_choices.at(1).dayCount)) {
+        compare();
+    }
+}
+
+void FComp::compare() {
+    const auto& [first, second] = m_choices;
+    const auto result = compatibility(first.birthDate, second.birthDate);
+    if (!result) {
+        showOverflow(this);
+        return;
+    }
+    m_shown = {.compatibility = *result, .dayCounts = {first.dayCount, second.dayCount}};
+    describePanels();
+    drawPanels();
+}
+
+/// What the panels say, for those who do not see them.
+void FComp::describePanels() {
+    for (std::size_t panel = 0; panel < m_panels.size(); ++panel) {
+        m_panels.at(panel)->setAccessibleDescription(
+            compatibilityText(m_shown->compatibility, compatibilityPanels.at(panel)));
+    }
+}
+
+void FComp::setPanelSizes() {
+    const PictureBox* any = m_panels.front();
+    int widest = 0;
+    for (const StateItem item : compatibilityPanels) {
+        widest = std::max(widest, any->textWidth(compatibilityText(bestOfAll, item), true));
+    }
+    for (PictureBox* panel : m_panels) {
+        panel->setMinimumSize(smallestCompatibilityPanel(widest, any->textHeight()));
+    }
+}
+
+void FComp::drawPanel(std::size_t panel) {
+    PictureBox* picture = m_panels.at(panel);
+    if (!m_shown) {
+        picture->setDrawing(drawEmptyPanel(picture->size()));
+        return;
+    }
+    const StateItem item = compatibilityPanels.at(panel);
+    const ComparedCurves curves{.item = item,
+                                .firstDayCount = m_shown->dayCounts.at(0),
+                                .secondDayCount = m_shown->dayCounts.at(1),
+                                .firstColour = m_colours.at(static_cast<std::size_t>(item)),
+                                .text = compatibilityText(m_shown->compatibility, item)};
+    picture->setDrawing(drawCompatibilityPanel(
+        curves, picture->size(), layOutCompatibility(picture->size(), picture->textHeight())));
+}
+
+void FComp::drawPanels() {
+    for (std::size_t panel = 0; panel < m_panels.size(); ++panel) {
+        drawPanel(panel);
+    }
+}
+
+} // namespace quor
