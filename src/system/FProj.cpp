@@ -6,6 +6,7 @@
 #include "toolkit/ImageList.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
+#include "views/analysis/FComp.h"
 #include "views/analysis/FPrev.h"
 #include "views/analysis/FPrevMed.h"
 #include "views/analysis/FStat.h"
@@ -219,7 +220,13 @@ void FProj::openMeanForecasts() {
     }
 }
 
-void FProj::openCompatibility() {}
+void FProj::openCompatibility() {
+    if (m_compatibility == nullptr) {
+        m_compatibility = new FComp(m_program);
+        connect(m_compatibility, &ChildWindow::closed, this, [this] { m_compatibility = nullptr; });
+    }
+    m_frame.showChild(m_compatibility);
+}
 
 void FProj::insertNew() {
     m_frame.showBiorhythmEntry();
