@@ -19,9 +19,12 @@
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
 #include <QTreeView>
+
+#include <chrono>
 
 #include "ui_FProj.h"
 
@@ -30,6 +33,8 @@ using namespace Qt::StringLiterals;
 namespace quor {
 
 namespace {
+
+constexpr std::chrono::milliseconds restDelay(100);
 
 SystemTreeModel::Images treeImages() {
     return {.member = picture(u"ImmPersona"_s),
@@ -110,6 +115,8 @@ void FProj::connectButtons() {
 
 void FProj::fillTree() {
     m_tree->fill();
+    // The rest of a very large system follows once the window stands and answers.
+    QTimer::singleShot(restDelay, m_tree, &SystemTreeModel::showAll);
     enableSystemButtons(true);
     enableMemberButtons(m_program.state.systemCount > 0);
 }

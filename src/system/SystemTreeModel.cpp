@@ -40,19 +40,31 @@ void SystemTreeModel::fill() {
     for (std::int16_t i = 0; i < m_state.systemCount; ++i) {
         append(i);
     }
+    m_shownRows = std::min<int>(m_state.systemCount, firstRows);
     endResetModel();
+}
+
+void SystemTreeModel::showAll() {
+    const auto all = static_cast<int>(m_branches.size());
+    if (m_shownRows == all) {
+        return;
+    }
+    beginInsertRows({}, m_shownRows, all - 1);
+    m_shownRows = all;
+    endInsertRows();
 }
 
 bool SystemTreeModel::addMember(SystemMember member) {
     if (m_state.systemCount == std::numeric_limits<std::int16_t>::max()) {
         return false;
     }
-    const auto row = static_cast<int>(m_branches.size());
-    beginInsertRows({}, row, row);
+    showAll();
+    beginInsertRows({}, m_shownRows, m_shownRows);
     m_state.systemMembers.resize(static_cast<std::size_t>(m_state.systemCount));
     m_state.systemMembers.push_back(std::move(member));
     append(m_state.systemCount);
     ++m_state.systemCount;
+    ++m_shownRows;
     endInsertRows();
     return true;
 }
@@ -66,6 +78,7 @@ void SystemTreeModel::removeMember(const QModelIndex& branch) {
     members.at(static_cast<std::size_t>(removed)) = members.at(static_cast<std::size_t>(last));
     std::ranges::find(m_branches, last, &Branch::member)->member = removed;
     m_branches.erase(m_branches.begin() + row);
+    --m_shownRows;
     m_state.systemCount = last;
     members.resize(static_cast<std::size_t>(std::max<std::int16_t>(last, 1)));
     endRemoveRows();
@@ -87,7 +100,7 @@ const SystemMember& SystemTreeModel::member(const QModelIndex& node) const {
 }
 
 QModelIndex SystemTreeModel::index(int row, int column, const QModelIndex& parent) const {
-    if (!hasIndex(row, column, parent)) {
+    if (row < 0 || row >= SystemTreeModel::rowCount(parent) || column != 0) {
         return {};
     }
     return createIndex(row, column, parent.isValid() ? branchOf(parent).number : branchMark);
@@ -102,7 +115,7 @@ QModelIndex SystemTreeModel::parent(const QModelIndex& child) const {
 
 int SystemTreeModel::rowCount(const QModelIndex& parent) const {
     if (!parent.isValid()) {
-        return static_cast<int>(m_branches.size());
+        return m_shownRows;
     }
     return isMember(parent) ? viewCount : 0;
 }
@@ -112,7 +125,7 @@ int SystemTreeModel::columnCount(const QModelIndex& /*parent*/) const {
 }
 
 bool SystemTreeModel::hasChildren(const QModelIndex& parent) const {
-    return parent.isValid() ? isMember(parent) : !m_branches.empty();
+    return parent.isValid() ? isMember(parent) : m_shownRows > 0;
 }
 
 QVariant SystemTreeModel::data(const QModelIndex& node, int role) const {
@@ -131,8 +144,11 @@ QVariant SystemTreeModel::data(const QModelIndex& node, int role) const {
 }
 
 Qt::ItemFlags SystemTreeModel::flags(const QModelIndex& node) const {
-    const Qt::ItemFlags flags = QAbstractItemModel::flags(node);
-    return view(node) ? flags | Qt::ItemNeverHasChildren : flags;
+    if (!node.isValid()) {
+        return Qt::NoItemFlags;
+    }
+    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    return isMember(node) ? flags : flags | Qt::ItemNeverHasChildren;
 }
 
 void SystemTreeModel::append(std::int16_t member) {

@@ -33,8 +33,14 @@ class SystemTreeModel : public QAbstractItemModel {
     /// @param state outlives the model; from now on members come and go by way of the model alone
     SystemTreeModel(AppState& state, Images images, QObject* parent = nullptr);
 
-    /// Shows the members that the program has now, in the order of their list.
+    /// Members that a filled tree begins with.
+    static constexpr int firstRows = 1000;
+
+    /// Shows the members that the program has now, in the order of their list: the first ones at
+    /// once and the others with `showAll`. A view lays out every row that it knows of before it
+    /// shows any, and asks for what the toolkit's own `fetchMore` holds back there and then.
     void fill();
+    void showAll();
 
     /// Puts a member at the end of the list and of the tree.
     /// @return false, and nothing changes, when the system has the largest number of members
@@ -76,6 +82,7 @@ class SystemTreeModel : public QAbstractItemModel {
     AppState& m_state;
     Images m_images;
     std::vector<Branch> m_branches; ///< by row, their numbers ascending
+    int m_shownRows = 0; ///< the branches that are rows, from the first on
     std::uint32_t m_nextNumber = 1; ///< 0 marks a branch among the indexes
 };
 

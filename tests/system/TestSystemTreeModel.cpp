@@ -177,6 +177,7 @@ void TestSystemTreeModel::theLargestSystem() {
     Program program = programWith(names);
     SystemTreeModel model(program.state, images());
     model.fill();
+    QCOMPARE(model.rowCount(), SystemTreeModel::firstRows);
     QVERIFY(model.addMember({u"the last"_s, 1}));
     QCOMPARE(program.state.systemCount, std::int16_t{largest});
     QCOMPARE(model.rowCount(), largest);
@@ -190,6 +191,28 @@ void TestSystemTreeModel::theLargestSystem() {
     QCOMPARE(program.state.systemMembers.at(0).name, u"the last"_s);
     QCOMPARE(model.member(model.index(largest - 2, 0)).name, u"the last"_s);
     QCOMPARE(model.member(model.index(0, 0)).name, u"2"_s);
+}
+
+void TestSystemTreeModel::manyRowsComeInTwoParts() {
+    constexpr int count = SystemTreeModel::firstRows + 3;
+    QStringList names;
+    for (int i = 0; i < count; ++i) {
+        names << QString::number(i);
+    }
+    Program program = programWith(names);
+    SystemTreeModel model(program.state, images());
+    model.fill();
+    // What is not shown yet counts all the same.
+    model.removeMember(model.index(0, 0));
+    QCOMPARE(program.state.systemMembers.at(0).name, u"1002"_s);
+    QCOMPARE(model.rowCount(), SystemTreeModel::firstRows - 1);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    model.showAll();
+    model.showAll(); // there is nothing more
+    QCOMPARE(inserted.size(), 1);
+    QCOMPARE(model.rowCount(), count - 1);
+    QCOMPARE(model.index(count - 2, 0).data().toString(), u"Bioritmo di 1002"_s);
+    QCOMPARE(model.index(0, 0).data().toString(), u"Bioritmo di 1"_s);
 }
 
 } // namespace quor::test

@@ -18,6 +18,7 @@ class TestSystemTreeModel : public Test {
     void leavesStayWithTheirBranch();
     void fillingAgain();
     void theLargestSystem();
+    void manyRowsComeInTwoParts();
 };
 
 } // namespace quor::test
