@@ -34,6 +34,8 @@ class DayTable {
         }
     }
 
+    [[nodiscard]] std::int32_t period() const { return m_period; }
+
     /// Days in a slice, at most.
     static constexpr std::size_t longestSlice = 2048;
 
@@ -58,11 +60,13 @@ class DayTable {
 /// Whole days from the birth of each member to a date, in the members' order.
 [[nodiscard]] std::vector<std::int32_t> memberDayCounts(const AppState& state, DateValue date);
 
-/// The means of a system of at least one member.
+/// The means of a system. Those of one without members are 0.
 class SystemMean {
   public:
     /// @param dayCounts of each member, on the day that the offsets below count from
     explicit SystemMean(std::vector<std::int32_t> dayCounts);
+
+    [[nodiscard]] std::size_t members() const { return m_dayCounts.size(); }
 
     /// The means, in [-1, 1], of one cycle on consecutive days.
     /// @param first the first day, as an offset in days; may be negative
@@ -75,6 +79,8 @@ class SystemMean {
     [[nodiscard]] std::int32_t lastBirth() const;
 
   private:
+    void repeat(const DayTable& table, std::int32_t first, std::span<double> means) const;
+    [[nodiscard]] std::vector<bool> birthDays(std::int32_t first, std::size_t length) const;
     void average(const DayTable& table, std::int32_t first, std::span<double> means) const;
 
     std::vector<std::int32_t> m_dayCounts;

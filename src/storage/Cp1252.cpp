@@ -14,6 +14,18 @@ constexpr std::array<char16_t, 32> upperControls{
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 constexpr std::size_t firstUpperControl = 0x80;
 
+/// The character of each byte.
+constexpr std::array<char16_t, 256> characters = [] {
+    std::array<char16_t, 256> table{};
+    for (std::size_t byte = 0; byte < table.size(); ++byte) {
+        const bool special =
+            byte >= firstUpperControl && byte < firstUpperControl + upperControls.size();
+        table[byte] =
+            special ? upperControls[byte - firstUpperControl] : static_cast<char16_t>(byte);
+    }
+    return table;
+}();
+
 char encoded(char16_t character) {
     if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
         return static_cast<char>(character);
@@ -30,28 +42,24 @@ char encoded(char16_t character) {
 
 QByteArray toCp1252(const QString& text) {
     const QString composed = text.normalized(QString::NormalizationForm_C);
-    QByteArray bytes;
-    bytes.reserve(composed.size());
+    QByteArray bytes(composed.size(), Qt::Uninitialized);
+    char* end = bytes.data();
     for (qsizetype i = 0; i < composed.size(); ++i) {
         const QChar character = composed[i];
         if (character.isHighSurrogate() && i + 1 < composed.size() &&
             composed[i + 1].isLowSurrogate()) {
             ++i; // one character in two units
         }
-        bytes.append(encoded(character.unicode()));
+        *end++ = encoded(character.unicode());
     }
+    bytes.truncate(end - bytes.constData());
     return bytes;
 }
 
 QString fromCp1252(QByteArrayView bytes) {
-    QString text;
-    text.reserve(bytes.size());
-    for (const char byte : bytes) {
-        const auto code = static_cast<unsigned char>(byte);
-        const bool special =
-            code >= firstUpperControl && code < firstUpperControl + upperControls.size();
-        text.append(QChar(special ? upperControls.at(code - firstUpperControl) : char16_t{code}));
-    }
+    QString text(bytes.size(), Qt::Uninitialized);
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [](char byte) { return QChar(characters[static_cast<unsigned char>(byte)]); });
     return text;
 }
 

@@ -3,11 +3,13 @@
 #include "core/Biorhythm.h"
 #include "storage/LineNotation.h"
 
-/// The end that both kinds of file have in common: the calculation date and the display options.
+/// The last ten lines of both kinds of file: calculation date, dayIndexPosition, graphDaysAdjust,
+/// curveColours[0..3], weeklyColours[0..2].
 namespace quor {
 
-/// dayIndexPosition, graphDaysAdjust, curveColours[0..3] and weeklyColours[0..2] after the date.
 void writeDateAndOptions(LineWriter& writer, const Biorhythm& biorhythm);
+
+/// What is missing or damaged keeps its value.
 void readDateAndOptions(LineReader& reader, Biorhythm& biorhythm);
 
 } // namespace quor

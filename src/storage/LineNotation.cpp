@@ -6,7 +6,11 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
+#include <array>
 #include <charconv>
+#include <chrono>
+#include <string_view>
 
 namespace quor {
 
@@ -17,28 +21,94 @@ constexpr int lastYear = 9999;
 
 /// A string cannot carry what would end its line or the whole text; a blank stands in its place,
 /// when writing and for what another program wrote.
-void blankOutLineEnds(QByteArray& text) {
-    text.replace('\r', ' ').replace('\n', ' ').replace('\0', ' ');
+constexpr bool endsText(char16_t character) {
+    return character == u'\r' || character == u'\n' || character == u'\0';
 }
+
+/// The date, where there is one, as a day of the proleptic Gregorian calendar.
+std::optional<DateValue> dateOf(int year, int month, int day) {
+    using namespace std::chrono;
+    constexpr sys_days origin = 1899y / December / 30;
+    const year_month_day date(std::chrono::year{year},
+                              std::chrono::month{static_cast<unsigned>(month)},
+                              std::chrono::day{static_cast<unsigned>(day)});
+    if (!date.ok() || year < firstYear || year > lastYear) {
+        return std::nullopt;
+    }
+    return static_cast<DateValue>((sys_days(date) - origin).count());
+}
+
+/// A line while it is put together, one without a string.
+class ShortLine {
+  public:
+    void put(char character) { *m_end++ = character; }
+
+    /// With zeros ahead of it up to the width.
+    void put(std::int32_t number, std::ptrdiff_t width = 0) {
+        std::array<char, 11> digits{}; // the longest: -2147483648
+        const char* end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+        m_end =
+            std::fill_n(m_end, std::max<std::ptrdiff_t>(width - (end - digits.begin()), 0), '0');
+        m_end = std::copy(digits.cbegin(), end, m_end);
+    }
+
+    [[nodiscard]] QByteArrayView ended() {
+        put('\r');
+        put('\n');
+        return {m_bytes.begin(), m_end};
+    }
+
+  private:
+    std::array<char, 48> m_bytes{}; // three numbers and the signs around them, or less
+    char* m_end = m_bytes.begin();
+};
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// Takes a number of exactly `digits` digits from the front of the text.
-std::optional<int> takeNumber(QByteArrayView& text, qsizetype digits) {
-    if (text.size() < digits) {
+/// Where the character first stands from a position on, or -1.
+qsizetype find(QByteArrayView text, char wanted, qsizetype from = 0) {
+    // Lines are short and many: the search is inlined, the toolkit's is not.
+    const auto found = std::string_view(text.data(), static_cast<std::size_t>(text.size()))
+                           .find(wanted, static_cast<std::size_t>(from));
+    return found == std::string_view::npos ? -1 : static_cast<qsizetype>(found);
+}
+
+QByteArrayView withoutBlanksAround(QByteArrayView text) {
+    const bool certainlyNone = !text.isEmpty() && text.front() > ' ' && text.back() > ' ';
+    return certainlyNone ? text : text.trimmed();
+}
+
+/// Takes a number of exactly two digits from the front of the text.
+std::optional<int> takeTwoDigits(QByteArrayView& text) {
+    if (text.size() < 2 || !isDigit(text[0]) || !isDigit(text[1])) {
         return std::nullopt;
     }
-    int number = 0;
-    for (const char c : text.first(digits)) {
-        if (!isDigit(c)) {
-            return std::nullopt;
-        }
-        number = number * 10 + (c - '0');
-    }
-    text = text.sliced(digits);
+    const int number = 10 * (text[0] - '0') + (text[1] - '0');
+    text = text.sliced(2);
     return number;
+}
+
+/// Takes "1981-12-25" from the front of the text.
+std::optional<DateValue> takeDate(QByteArrayView& text) {
+    constexpr qsizetype length = 10;
+    if (text.size() < length || text[4] != '-' || text[7] != '-') {
+        return std::nullopt;
+    }
+    bool digitsOnly = true;
+    const auto digit = [&](qsizetype i) {
+        digitsOnly &= isDigit(text[i]);
+        return text[i] - '0';
+    };
+    const int year = 1000 * digit(0) + 100 * digit(1) + 10 * digit(2) + digit(3);
+    const int month = 10 * digit(5) + digit(6);
+    const int day = 10 * digit(8) + digit(9);
+    if (!digitsOnly) {
+        return std::nullopt;
+    }
+    text = text.sliced(length);
+    return dateOf(year, month, day);
 }
 
 bool take(QByteArrayView& text, char wanted) {
@@ -55,12 +125,12 @@ bool isTimeOfDay(QByteArrayView text) {
         return false;
     }
     text = text.trimmed();
-    const auto hours = takeNumber(text, 2);
+    const auto hours = takeTwoDigits(text);
     const bool colon = take(text, ':');
-    const auto minutes = takeNumber(text, 2);
+    const auto minutes = takeTwoDigits(text);
     std::optional<int> seconds = 0;
     if (take(text, ':')) {
-        seconds = takeNumber(text, 2);
+        seconds = takeTwoDigits(text);
     }
     return text.isEmpty() && colon && hours && minutes && seconds &&
            QTime(*hours, *minutes, *seconds).isValid();
@@ -68,71 +138,66 @@ bool isTimeOfDay(QByteArrayView text) {
 
 } // namespace
 
-void LineWriter::writeLine(QByteArrayView line) {
-    m_bytes.append(line);
-    m_bytes.append("\r\n");
-}
-
 void LineWriter::writeString(const QString& value) {
     QByteArray bytes = toCp1252(value);
-    bytes.replace('"', '\'');
-    blankOutLineEnds(bytes);
-    writeLine('"' + bytes + '"');
+    std::replace(bytes.begin(), bytes.end(), '"', '\'');
+    std::replace_if(
+        bytes.begin(), bytes.end(), [](char c) { return endsText(static_cast<uchar>(c)); }, ' ');
+    m_bytes.append('"').append(bytes).append("\"\r\n");
 }
 
 void LineWriter::writeDate(DateValue value) {
-    const QDate day = toQDate(value);
-    const auto number = [](int n, int width) {
-        return QByteArray::number(n).rightJustified(width, '0');
-    };
-    writeLine('#' + number(day.year(), 4) + '-' + number(day.month(), 2) + '-' +
-              number(day.day(), 2) + '#');
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    toQDate(value).getDate(&year, &month, &day);
+    ShortLine line;
+    line.put('#');
+    line.put(year, 4);
+    line.put('-');
+    line.put(month, 2);
+    line.put('-');
+    line.put(day, 2);
+    line.put('#');
+    m_bytes.append(line.ended());
 }
 
 void LineWriter::writeInteger(std::int32_t value) {
-    writeLine(QByteArray::number(value));
+    ShortLine line;
+    line.put(value);
+    m_bytes.append(line.ended());
 }
 
 std::optional<QString> parseString(QByteArrayView line) {
-    QByteArrayView text = line.trimmed();
+    QByteArrayView text = withoutBlanksAround(line);
     if (!take(text, '"')) {
         return std::nullopt;
     }
-    const auto end = text.indexOf('"');
+    const qsizetype end = find(text, '"');
     if (end < 0) {
         return std::nullopt;
     }
-    QByteArray value = text.first(end).toByteArray();
-    blankOutLineEnds(value);
-    return fromCp1252(value);
+    QString value = fromCp1252(text.first(end));
+    std::replace_if(
+        value.begin(), value.end(), [](QChar c) { return endsText(c.unicode()); }, u' ');
+    return value;
 }
 
 std::optional<DateValue> parseDate(QByteArrayView line) {
-    QByteArrayView text = line.trimmed();
+    QByteArrayView text = withoutBlanksAround(line);
     if (text.size() < 2 || text.front() != '#' || text.back() != '#') {
         return std::nullopt;
     }
-    text = text.sliced(1, text.size() - 2).trimmed();
-    const auto year = takeNumber(text, 4);
-    const bool firstHyphen = take(text, '-');
-    const auto month = takeNumber(text, 2);
-    const bool secondHyphen = take(text, '-');
-    const auto day = takeNumber(text, 2);
-    if (!year || !firstHyphen || !month || !secondHyphen || !day) {
-        return std::nullopt;
-    }
+    text = withoutBlanksAround(text.sliced(1, text.size() - 2));
+    const auto date = takeDate(text);
     if (!text.isEmpty() && !isTimeOfDay(text)) {
         return std::nullopt;
     }
-    const QDate date(*year, *month, *day);
-    if (!date.isValid() || *year < firstYear || *year > lastYear) {
-        return std::nullopt;
-    }
-    return toDateValue(date);
+    return date;
 }
 
 std::optional<std::int64_t> parseInteger(QByteArrayView line) {
-    QByteArrayView text = line.trimmed();
+    QByteArrayView text = withoutBlanksAround(line);
     if (text.size() > 1 && text.front() == '+' && isDigit(text[1])) {
         text = text.sliced(1);
     }
@@ -145,7 +210,8 @@ std::optional<std::int64_t> parseInteger(QByteArrayView line) {
 }
 
 LineReader::LineReader(QIODevice& device)
-    : m_device(&device) {}
+    : m_device(&device)
+    , m_block(2 * maximumLine, Qt::Uninitialized) {}
 
 void LineReader::read(QString& value) {
     if (auto text = parseString(nextLine())) {
@@ -159,26 +225,62 @@ void LineReader::read(DateValue& value) {
     }
 }
 
-QByteArray LineReader::nextLine() {
-    if (!m_device->isOpen() || m_skipped > maximumSkipped) {
+QByteArrayView LineReader::nextLine() {
+    if (m_skipped > maximumSkipped) {
         return {};
     }
-    QByteArray line = m_device->readLine(maximumLine);
-    bool tooLong = false;
-    QByteArray rest = line;
-    while (!rest.isEmpty() && !rest.endsWith('\n') && !m_device->atEnd() &&
-           m_skipped <= maximumSkipped) {
-        tooLong = true;
-        rest = m_device->readLine(maximumLine);
-        m_skipped += rest.size();
+    qsizetype lookedAt = 0; // where no line end is
+    qsizetype end = -1;
+    while ((end = find(unread(), '\n', lookedAt)) < 0) {
+        lookedAt = m_end - m_begin;
+        if (lookedAt > maximumLine) {
+            skipLine();
+            return {};
+        }
+        if (!fill()) {
+            break;
+        }
     }
-    if (tooLong) {
+    const bool hasEnd = end >= 0;
+    QByteArrayView line = hasEnd ? unread().first(end) : unread();
+    m_begin += line.size() + (hasEnd ? 1 : 0);
+    if (line.size() + (hasEnd ? 1 : 0) > maximumLine) {
+        m_skipped += line.size();
         return {};
     }
-    while (line.endsWith('\n') || line.endsWith('\r')) {
+    while (line.endsWith('\r')) {
         line.chop(1);
     }
     return line;
+}
+
+void LineReader::skipLine() {
+    qsizetype end = -1;
+    do {
+        end = find(unread(), '\n');
+        const qsizetype dropped = end < 0 ? m_end - m_begin : end + 1;
+        m_begin += dropped;
+        m_skipped += dropped;
+    } while (end < 0 && m_skipped <= maximumSkipped && fill());
+}
+
+bool LineReader::fill() {
+    char* block = m_block.data();
+    std::copy(block + m_begin, block + m_end, block);
+    m_end -= m_begin;
+    m_begin = 0;
+    if (m_read >= maximumRead) {
+        m_end = 0; // the beginning of a line is no line
+        return false;
+    }
+    const qint64 added =
+        m_device->isReadable() ? m_device->read(block + m_end, m_block.size() - m_end) : 0;
+    if (added <= 0) {
+        return false;
+    }
+    m_end += added;
+    m_read += added;
+    return true;
 }
 
 std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes) {

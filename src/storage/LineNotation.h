@@ -3,6 +3,7 @@
 #include "core/Dates.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QFile>
 #include <QIODevice>
 #include <QString>
@@ -31,8 +32,6 @@ class LineWriter {
     [[nodiscard]] const QByteArray& bytes() const { return m_bytes; }
 
   private:
-    void writeLine(QByteArrayView line);
-
     QByteArray m_bytes;
 };
 
@@ -47,14 +46,16 @@ class LineWriter {
 ///
 /// A value that is missing or not of the type asked for leaves the variable as it is, and reading
 /// goes on with the next line. Lines end with CR LF or LF; the last one needs no end. Time and
-/// memory are bounded: a line of more than `maximumLine` bytes is no value of any type, and after
-/// `maximumSkipped` bytes of such lines every later one counts as missing.
+/// memory are bounded: a line of more than `maximumLine` bytes is no value of any type, after
+/// `maximumSkipped` bytes of such lines every later one counts as missing, and so does what comes
+/// after `maximumRead` bytes of any lines (4 KiB for each member of the largest system).
 class LineReader {
   public:
     static constexpr qint64 maximumLine = 64LL * 1024;
     static constexpr qint64 maximumSkipped = 16LL * 1024 * 1024;
+    static constexpr qint64 maximumRead = 128LL * 1024 * 1024;
 
-    /// The device stays the caller's. One that is not open has no lines.
+    /// The device stays the caller's and is read ahead. One that is not open has no lines.
     explicit LineReader(QIODevice& device);
 
     void read(QString& value);
@@ -70,10 +71,24 @@ class LineReader {
     }
 
   private:
-    /// The next line without its end; empty when there is none or it is too long.
-    QByteArray nextLine();
+    /// The next line without its end; empty when there is none or it is too long. It is part of the
+    /// block, until the next call.
+    QByteArrayView nextLine();
+    /// Drops the rest of a line that is too long.
+    void skipLine();
+    /// Makes room by dropping what was read, and takes more from the device; false when there is no
+    /// more.
+    bool fill();
+
+    [[nodiscard]] QByteArrayView unread() const {
+        return QByteArrayView(m_block).sliced(m_begin, m_end - m_begin);
+    }
 
     QIODevice* m_device;
+    QByteArray m_block; ///< room for the longest line that counts, and for as much again
+    qsizetype m_begin = 0;
+    qsizetype m_end = 0;
+    qint64 m_read = 0;
     qint64 m_skipped = 0;
 };
 

@@ -10,12 +10,31 @@
 
 namespace quor {
 
+namespace {
+
+void readMembers(LineReader& reader, AppState& state) {
+    reader.read(state.systemCount);
+    if (state.systemCount <= 0) {
+        state.systemCount = 0;
+        return;
+    }
+    state.systemMembers = std::vector<SystemMember>(static_cast<std::size_t>(state.systemCount));
+    for (SystemMember& member : state.systemMembers) {
+        reader.read(member.name);
+        reader.read(member.birthDate);
+    }
+}
+
+} // namespace
+
 std::optional<QString> saveSystemFile(const QString& path, Program& program) {
-    AppState& state = program.state;
+    const AppState& state = program.state;
+    const auto count =
+        std::clamp<std::ptrdiff_t>(state.systemCount, 0, std::ssize(state.systemMembers));
     LineWriter writer;
-    writer.writeInteger(state.systemCount);
+    writer.writeInteger(static_cast<std::int32_t>(count));
     for (const SystemMember& member :
-         std::span(state.systemMembers).first(static_cast<std::size_t>(state.systemCount))) {
+         std::span(state.systemMembers).first(static_cast<std::size_t>(count))) {
         writer.writeString(member.name);
         writer.writeDate(member.birthDate);
     }
@@ -23,28 +42,19 @@ std::optional<QString> saveSystemFile(const QString& path, Program& program) {
     if (auto failure = writeWholeFile(path, writer.bytes())) {
         return failure;
     }
-    state.modified = false;
+    program.state.modified = false;
     return std::nullopt;
 }
 
 void readSystemFile(const QString& path, Program& program) {
-    AppState& state = program.state;
     QFile file(path);
     if (openForReading(file)) {
         LineReader reader(file);
-        reader.read(state.systemCount);
-        state.systemCount = std::max<std::int16_t>(state.systemCount, 0);
-        if (state.systemCount > 0) {
-            state.systemMembers.assign(static_cast<std::size_t>(state.systemCount), {});
-            for (SystemMember& member : state.systemMembers) {
-                reader.read(member.name);
-                reader.read(member.birthDate);
-            }
-        }
+        readMembers(reader, program.state);
         readDateAndOptions(reader, program.biorhythm);
     }
-    state.modified = false;
-    state.systemFilePath = path;
+    program.state.modified = false;
+    program.state.systemFilePath = path;
 }
 
 } // namespace quor

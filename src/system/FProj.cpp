@@ -12,6 +12,7 @@
 #include "views/analysis/FStat.h"
 #include "views/analysis/FStatMed.h"
 #include "views/graph/FGrph.h"
+#include "views/graph/FGrphMed.h"
 #include "views/graph/FGrphSet.h"
 
 #include <QCloseEvent>
@@ -212,6 +213,7 @@ void FProj::openView(const QModelIndex& node) {
 
 void FProj::openMeanGraph() {
     if (hasMembers()) {
+        m_frame.showChild(new FGrphMed(m_program, m_frame));
     }
 }
 

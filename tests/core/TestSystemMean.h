@@ -12,7 +12,12 @@ class TestSystemMean : public Test {
     void slicesHoldTheFunctionsValues();
     void equalsTheDirectSumsToTheLastBit_data();
     void equalsTheDirectSumsToTheLastBit();
+    void birthsOnEveryDayOfASpan();
+    void longSpansRepeatToTheLastBit_data();
+    void longSpansRepeatToTheLastBit();
     void dayCountsFollowTheMembersOrder();
+    void lastBirthIsTheLatestToCome();
+    void withoutMembersIsZero();
 };
 
 } // namespace quor::test

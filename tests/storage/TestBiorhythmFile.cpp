@@ -3,16 +3,15 @@
 #include "core/Clock.h"
 #include "storage/BiorhythmFile.h"
 
+#include "storage/Files.h"
 #include "support/Hermetic.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <csignal>
 #include <limits>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -36,45 +35,6 @@ Program otherProgram() {
     program.biorhythm.calculationDate = 200;
     program.state.modified = true;
     return program;
-}
-
-class Files {
-  public:
-    [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
-
-    [[nodiscard]] QString write(const QByteArray& bytes) const {
-        const QString file = path(u"file.bio"_s);
-        QFile device(file);
-        if (!device.open(QIODevice::WriteOnly) || device.write(bytes) != bytes.size()) {
-            qFatal("cannot write the test's own file");
-        }
-        return file;
-    }
-
-    [[nodiscard]] static QByteArray read(const QString& file) {
-        QFile device(file);
-        return device.open(QIODevice::ReadOnly) ? device.readAll() : QByteArray("unreadable");
-    }
-
-  private:
-    QTemporaryDir m_folder;
-};
-
-/// The fields that a file holds, in its order, as text.
-QStringList fields(const Biorhythm& biorhythm) {
-    QStringList texts{biorhythm.name, QString::number(biorhythm.birthDate),
-                      QString::number(biorhythm.calculationDate),
-                      QString::number(biorhythm.dayIndexPosition),
-                      QString::number(biorhythm.graphDaysAdjust)};
-    for (const Colour colour : biorhythm.curveColours) {
-        texts << QString::number(colour);
-    }
-    for (const Colour colour : biorhythm.weeklyColours) {
-        texts << QString::number(colour);
-    }
-    texts.removeAt(9);  // the fifth curve colour, which no file holds
-    texts.removeLast(); // the fourth colour of the week
-    return texts;
 }
 
 } // namespace
@@ -235,12 +195,8 @@ void TestBiorhythmFile::filesThatCannotBeOpened() {
 
 void TestBiorhythmFile::binaryAndEmptyFiles() {
     const Files files;
-    QByteArray binary;
-    for (int i = 0; i < 100'000; ++i) {
-        binary.append(static_cast<char>((i * 7919 + i / 251) % 256));
-    }
     for (const QByteArray& bytes :
-         {QByteArray(), binary, QByteArray(1000, '\0'), QByteArray("\r\n")}) {
+         {QByteArray(), binaryBytes(100'000), QByteArray(1000, '\0'), QByteArray("\r\n")}) {
         Program program = otherProgram();
         readBiorhythmFile(files.write(bytes), program);
         QCOMPARE(fields(program.biorhythm), fields(otherProgram().biorhythm));
@@ -271,16 +227,12 @@ void TestBiorhythmFile::aFailedSaveKeepsTheOldFile() {
     QVERIFY(!saveBiorhythmFile(folder, program).value_or(QString()).isEmpty());
     QVERIFY(program.state.modified);
 
-    // A limit on the size of files stands for a disk that is full.
     const QString path = files.write(sample());
-    rlimit old{};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &old), 0);
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit tight{.rlim_cur = 10, .rlim_max = old.rlim_max};
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &tight), 0);
-    const auto failure = saveBiorhythmFile(path, program);
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &old), 0);
-    std::signal(SIGXFSZ, oldHandler);
+    std::optional<QString> failure;
+    {
+        const FullDisk disk(10);
+        failure = saveBiorhythmFile(path, program);
+    }
     QVERIFY(failure.has_value());
     QVERIFY(program.state.modified);
     QCOMPARE(Files::read(path), sample());

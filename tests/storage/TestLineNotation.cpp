@@ -116,6 +116,29 @@ void TestLineNotation::dates() {
     QCOMPARE(parseDate(line), date.isValid() ? std::optional(toDateValue(date)) : std::nullopt);
 }
 
+void TestLineNotation::everyDayOfTheCalendar() {
+    // Months of every length and the leap years of every rule, and the days that none has.
+    for (const int year : {100, 400, 1600, 1900, 1981, 1999, 2000, 2004, 2100, 9999}) {
+        for (int month = 0; month <= 13; ++month) {
+            for (int day = 0; day <= 32; ++day) {
+                const QByteArray text = QStringLiteral("#%1-%2-%3#")
+                                            .arg(year, 4, 10, QChar(u'0'))
+                                            .arg(month, 2, 10, QChar(u'0'))
+                                            .arg(day, 2, 10, QChar(u'0'))
+                                            .toLatin1();
+                const QDate date(year, month, day);
+                const auto read = parseDate(text);
+                QCOMPARE(read, date.isValid() ? std::optional(toDateValue(date)) : std::nullopt);
+                if (read) {
+                    LineWriter writer;
+                    writer.writeDate(*read);
+                    QCOMPARE(writer.bytes(), text + "\r\n");
+                }
+            }
+        }
+    }
+}
+
 void TestLineNotation::integers_data() {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<bool>("valid");
@@ -159,6 +182,77 @@ void TestLineNotation::linesEndEitherWay() {
     QCOMPARE(values, (std::array<int, 6>{1, 2, 3, -1, 5, -1}));
 }
 
+void TestLineNotation::linesAcrossBlocks() {
+    // Lines of many lengths, so that the blocks that are read end anywhere in a line.
+    QByteArray bytes;
+    QStringList written;
+    for (int i = 0; i < 3'000; ++i) {
+        written << QString(i * 7 % 601, QChar(u'a' + i % 26)) + QString::number(i);
+        bytes += '"' + written.back().toLatin1() + (i % 3 == 0 ? "\"\n" : "\"\r\n");
+    }
+    QVERIFY(bytes.size() > 6 * LineReader::maximumLine);
+    QBuffer device(&bytes);
+    QVERIFY(device.open(QIODevice::ReadOnly));
+    LineReader reader(device);
+    for (const QString& expected : written) {
+        QString text;
+        reader.read(text);
+        QCOMPARE(text, expected);
+    }
+}
+
+void TestLineNotation::aSlowDevice() {
+    // A byte at a time, as a pipe may give them.
+    class Slow : public QIODevice {
+      public:
+        QByteArray rest = "\"Maria\"\r\n#1981-12-25#\r\n7";
+        [[nodiscard]] bool isSequential() const override { return true; }
+
+      protected:
+        qint64 readData(char* data, qint64 /*size*/) override {
+            if (rest.isEmpty()) {
+                return -1;
+            }
+            *data = rest.front();
+            rest.remove(0, 1);
+            return 1;
+        }
+        qint64 writeData(const char* /*data*/, qint64 /*size*/) override { return -1; }
+    };
+    Slow device;
+    QVERIFY(device.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    LineReader reader(device);
+    QString name;
+    DateValue date = 0;
+    int number = 0;
+    reader.read(name);
+    reader.read(date);
+    reader.read(number);
+    QCOMPARE(name, u"Maria"_s);
+    QCOMPARE(toQDate(date), QDate(1981, 12, 25));
+    QCOMPARE(number, 7);
+}
+
+void TestLineNotation::theLongestLine() {
+    for (const qint64 length : {LineReader::maximumLine, LineReader::maximumLine + 1}) {
+        for (const QByteArray end : {"\r\n", "\n", ""}) {
+            const qint64 letters = length - 2 - end.size();
+            QByteArray bytes = '"' + QByteArray(letters, 'x') + '"' + end;
+            QCOMPARE(bytes.size(), length);
+            bytes += end.isEmpty() ? "" : "7";
+            QBuffer device(&bytes);
+            QVERIFY(device.open(QIODevice::ReadOnly));
+            LineReader reader(device);
+            QString text = u"kept"_s;
+            int number = 0;
+            reader.read(text);
+            reader.read(number);
+            QCOMPARE(text.size(), length == LineReader::maximumLine ? letters : 4);
+            QCOMPARE(number, end.isEmpty() ? 0 : 7);
+        }
+    }
+}
+
 void TestLineNotation::aLongLineIsNoValue() {
     QByteArray bytes = '"' + QByteArray(3 * LineReader::maximumLine, 'x') + "\"\r\n\"next\"\r\n";
     QBuffer device(&bytes);
@@ -197,6 +291,38 @@ void TestLineNotation::readingIsBounded() {
         QCOMPARE(value, 7);
     }
     QVERIFY(device.given <= 2 * LineReader::maximumSkipped);
+}
+
+void TestLineNotation::endlessLinesAreBounded() {
+    // Lines that count, without an end: each could be kept, so they end some time.
+    class Endless : public QIODevice {
+      public:
+        qint64 given = 0;
+        [[nodiscard]] bool isSequential() const override { return true; }
+
+      protected:
+        qint64 readData(char* data, qint64 size) override {
+            std::fill_n(data, size, 'x');
+            data[0] = '"';
+            data[size - 2] = '"';
+            data[size - 1] = '\n';
+            given += size;
+            return size;
+        }
+        qint64 writeData(const char* /*data*/, qint64 /*size*/) override { return -1; }
+        [[nodiscard]] bool atEnd() const override { return false; }
+    };
+    Endless device;
+    QVERIFY(device.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    LineReader reader(device);
+    for (int line = 0; line < 10'000; ++line) {
+        QString text;
+        reader.read(text);
+    }
+    QVERIFY(device.given <= LineReader::maximumRead + 2 * LineReader::maximumLine);
+    QString text = u"kept"_s;
+    reader.read(text);
+    QCOMPARE(text, u"kept"_s);
 }
 
 } // namespace quor::test

@@ -17,11 +17,16 @@ class TestLineNotation : public Test {
     void strings();
     void dates_data();
     void dates();
+    void everyDayOfTheCalendar();
     void integers_data();
     void integers();
     void linesEndEitherWay();
+    void linesAcrossBlocks();
+    void aSlowDevice();
+    void theLongestLine();
     void aLongLineIsNoValue();
     void readingIsBounded();
+    void endlessLinesAreBounded();
 };
 
 } // namespace quor::test

@@ -1,4 +1,5 @@
 #include "support/Hermetic.h"
+#include "toolkit/TestBusyCursor.h"
 #include "toolkit/TestCommands.h"
 #include "toolkit/TestDrawing.h"
 #include "toolkit/TestLongCurves.h"
@@ -7,5 +8,6 @@
 
 #include <QApplication>
 
-QUOR_TEST_MAIN(QApplication, quor::test::TestCommands, quor::test::TestDrawing,
-               quor::test::TestLongCurves, quor::test::TestPictures, quor::test::TestSettingsStore)
+QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands,
+               quor::test::TestDrawing, quor::test::TestLongCurves, quor::test::TestPictures,
+               quor::test::TestSettingsStore)

@@ -33,6 +33,9 @@ DayState dayState(std::int32_t dayCount) {
 
 DayState systemDayState(std::span<const std::int32_t> dayCounts) {
     DayState sums;
+    if (dayCounts.empty()) {
+        return sums;
+    }
     const auto add = [](StateValues& sum, const StateValues& values) {
         std::ranges::transform(sum, values, sum.begin(), std::plus());
     };

@@ -40,7 +40,8 @@ struct DayState {
 [[nodiscard]] DayState dayState(std::int32_t dayCount);
 
 /// The state of a system: the members' values × 10 added in their order, divided by their number.
-/// @param dayCounts of each member, at least one, on the day whose state it is
+/// That of a system without members is 0 throughout.
+/// @param dayCounts of each member, on the day whose state it is
 [[nodiscard]] DayState systemDayState(std::span<const std::int32_t> dayCounts);
 
 /// A value as it is shown: rounded, ties to even.

@@ -14,7 +14,8 @@ std::array<ForecastRow, 3> rowsOf(const Biorhythm& biorhythm) {
 } // namespace
 
 FPrev::FPrev(const Program& program, QWidget* parent)
-    : ForecastWindow(rowsOf(program.biorhythm), personExtreme, parent) {
+    : ForecastWindow(rowsOf(program.biorhythm), personExtreme, u"mercoledì 30 settembre 2026"_s,
+                     parent) {
     setObjectName(u"FPrev"_s);
     setWindowTitle(u"Previsioni"_s);
 }

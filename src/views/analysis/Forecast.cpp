@@ -4,7 +4,7 @@
 #include "core/Rounding.h"
 
 #include <algorithm>
-#include <vector>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -40,43 +40,55 @@ Forecast personForecast(std::int32_t dayCount) {
             .minimum = findTenScale(mean, -personExtreme, extremes)};
 }
 
-Forecast systemForecast(const SystemMean& system) {
+Forecast findSystemEvents(const MeansByDay& means, std::int32_t lastDay) {
     // Events are near as a rule: small blocks of days first, then the longest that costs no more.
-    constexpr std::size_t firstBlock = 32;
-    constexpr std::size_t growth = 4;
-    // From the last birth on the sum repeats with the mean's period, and over a period its values
-    // cancel out: there a change of sign comes, unless the system is so even that nothing but
-    // rounding is left.
-    const std::int32_t lastDay = system.lastBirth() + 2 * meanPeriod;
+    constexpr std::int32_t firstBlock = 32;
+    constexpr std::int32_t growth = 4;
+    constexpr auto longestBlock = static_cast<std::int32_t>(DayTable::longestSlice);
+    std::array<double, DayTable::longestSlice> room{};
 
     Forecast forecast;
-    double dayBefore = 0;
-    system.mean(-1, {&dayBefore, 1});
-    std::vector<double> block(firstBlock);
-    std::int32_t day = 0;
-    const auto searching = [&] {
-        return (day < systemHorizon && !(forecast.maximum && forecast.minimum)) ||
-               (day <= lastDay && !forecast.inversion);
-    };
-    while (searching()) {
-        system.mean(day, block);
-        for (const double value : block) {
-            if (!forecast.inversion && value * dayBefore <= 0) {
-                forecast.inversion = day;
-            }
-            dayBefore = value;
+    const auto observe = [&](std::int32_t day, double dayBefore, double value) {
+        if (!forecast.inversion && day <= lastDay && value * dayBefore <= 0) {
+            forecast.inversion = day;
+        }
+        if (day < systemHorizon) {
             const int shown = toTenScale(value);
-            if (!forecast.maximum && shown == systemExtreme && day < systemHorizon) {
+            if (!forecast.maximum && shown == systemExtreme) {
                 forecast.maximum = day;
             }
-            if (!forecast.minimum && shown == -systemExtreme && day < systemHorizon) {
+            if (!forecast.minimum && shown == -systemExtreme) {
                 forecast.minimum = day;
             }
-            ++day;
         }
-        block.resize(std::min(growth * block.size(), DayTable::longestSlice));
+    };
+    /// The first day that need not be tried any more.
+    const auto end = [&] {
+        const bool extremes = forecast.maximum && forecast.minimum;
+        return std::max(extremes ? 0 : systemHorizon, forecast.inversion ? 0 : lastDay + 1);
+    };
+
+    double dayBefore = 0;
+    means(-1, {&dayBefore, 1});
+    std::int32_t length = firstBlock;
+    for (std::int32_t day = 0; day < end(); length = std::min(growth * length, longestBlock)) {
+        const auto block =
+            std::span(room).first(static_cast<std::size_t>(std::min(length, end() - day)));
+        means(day, block);
+        for (const double value : block) {
+            observe(day++, dayBefore, value);
+            dayBefore = value;
+        }
     }
     return forecast;
+}
+
+Forecast systemForecast(const SystemMean& system) {
+    const MeansByDay means = [&system](std::int32_t first, std::span<double> values) {
+        system.mean(first, values);
+    };
+    // From the last birth on the sum repeats with the mean's period, to the last bit.
+    return findSystemEvents(means, system.lastBirth() + meanPeriod);
 }
 
 std::array<ForecastRow, 3> forecastRows(const Forecast& forecast, DateValue calculationDate,

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 
 /// Coming events of the mean value, found by trying one day after the other.
 namespace quor {
@@ -65,8 +66,19 @@ inline constexpr int systemExtreme = 9;
 /// A system's maximum or minimum on this day or later counts as none.
 inline constexpr std::int32_t systemHorizon = 22'000;
 
-/// A system's forecast. Unlike a person's it starts on the calculation date itself. The inversion
-/// may lie beyond the horizon; it is looked for until the sum over all members has repeated itself.
+/// The means, in [-1, 1], of consecutive days: that of the day `first`, as an offset from the
+/// calculation date, and those of the days after it, as many as there is room for.
+using MeansByDay = std::function<void(std::int32_t first, std::span<double> means)>;
+
+/// Forecast of a mean with a system's extremes and horizon, from day 0 on. Unlike a person's
+/// forecast it tries the calculation date itself.
+/// @param lastDay the last day that is tried for an inversion; it may lie beyond the horizon
+[[nodiscard]] Forecast findSystemEvents(const MeansByDay& means, std::int32_t lastDay);
+
+/// A system's forecast. An inversion is looked for until the sum over all members has repeated
+/// itself, from where on none can come that has not been tried. (Over a period the values cancel
+/// out, and so there always is one, unless the members are spread so evenly that nothing but
+/// rounding is left.)
 [[nodiscard]] Forecast systemForecast(const SystemMean& system);
 
 /// An event as it is shown.

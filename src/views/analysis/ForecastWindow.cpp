@@ -8,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace quor {
 
-ForecastWindow::ForecastWindow(const std::array<ForecastRow, 3>& rows, int extreme, QWidget* parent)
+ForecastWindow::ForecastWindow(const std::array<ForecastRow, 3>& rows, int extreme,
+                               const QString& widestDate, QWidget* parent)
     : ChildWindow(parent)
     , m_ui(std::make_unique<Ui::ForecastWindow>()) {
     m_ui->setupUi(this);
@@ -18,6 +19,7 @@ ForecastWindow::ForecastWindow(const std::array<ForecastRow, 3>& rows, int extre
     const std::array dateBoxes{m_ui->Text1, m_ui->Text2, m_ui->Text3};
     const std::array daysBoxes{m_ui->Text4, m_ui->Text5, m_ui->Text6};
     for (std::size_t i = 0; i < rows.size(); ++i) {
+        dateBoxes.at(i)->setWidestText(widestDate);
         dateBoxes.at(i)->setValue(rows.at(i).date);
         daysBoxes.at(i)->setValue(rows.at(i).days);
     }

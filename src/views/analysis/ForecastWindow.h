@@ -27,7 +27,9 @@ class ForecastWindow : public ChildWindow {
   protected:
     /// @param rows inversion, maximum, minimum
     /// @param extreme what the labels name as the maximum; its negative is the minimum
-    ForecastWindow(const std::array<ForecastRow, 3>& rows, int extreme, QWidget* parent);
+    /// @param widestDate a date that is as wide as any in these boxes
+    ForecastWindow(const std::array<ForecastRow, 3>& rows, int extreme, const QString& widestDate,
+                   QWidget* parent);
 
   private:
     std::unique_ptr<Ui::ForecastWindow> m_ui;

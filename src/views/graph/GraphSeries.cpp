@@ -44,6 +44,25 @@ GraphSeries personSeries(std::int32_t startDayCount, std::int32_t daysAround) {
     return series;
 }
 
+GraphSeries systemSeries(const SystemMean& system, std::int32_t daysAround) {
+    const std::size_t days = 2 * static_cast<std::size_t>(daysAround) + 1;
+    GraphSeries series;
+    const auto cycle = [&](Period period, std::vector<double>& values) {
+        values.resize(days);
+        system.cycle(period, -daysAround, values);
+    };
+    cycle(Period::physical, series.physical);
+    cycle(Period::emotional, series.emotional);
+    cycle(Period::intellectual, series.intellectual);
+    series.mean.resize(days);
+    system.mean(-daysAround, series.mean);
+    series.bars.resize(days - 1);
+    for (std::size_t i = 0; i + 1 < days; ++i) {
+        series.bars[i] = barColour(series.physical[i], series.emotional[i], series.intellectual[i]);
+    }
+    return series;
+}
+
 Colour barColour(double physical, double emotional, double intellectual) {
     return channel(physical) | (channel(emotional) << 8) | (channel(intellectual) << 16);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Biorhythm.h"
+#include "core/SystemMean.h"
 
 #include <cstdint>
 #include <vector>
@@ -25,6 +26,14 @@ struct GraphSeries {
 /// @param startDayCount day count of the first day
 /// @param daysAround 1 or more; the series has 2·daysAround + 1 days
 [[nodiscard]] GraphSeries personSeries(std::int32_t startDayCount, std::int32_t daysAround);
+
+/// The means over a system's members.
+///
+/// Every angle is formed from the reduced day count, and the mean is that of the members' means. A
+/// bar takes the cycles' means as they are, so that its channels vary continuously.
+/// @param system its offset 0 is the middle day
+/// @param daysAround 1 or more; the series has 2·daysAround + 1 days
+[[nodiscard]] GraphSeries systemSeries(const SystemMean& system, std::int32_t daysAround);
 
 /// The colour of a bar: red, green and blue from the physical, emotional and intellectual value,
 /// each channel from 115 for -1 over 128 for 0 to 140 for 1. Muted on purpose.

@@ -5,7 +5,9 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace quor::test {
 
@@ -114,6 +116,65 @@ void TestDayState::meanIsRoundedFromUnroundedValues() {
         QCOMPARE(shownValue(state.value(item)), shown.at(static_cast<std::size_t>(item)));
     }
     QCOMPARE(shownValue((-6 + 0 + 5) / 3.0), 0);
+}
+
+void TestDayState::systemIsTheSumOfItsMembersDivided() {
+    const std::vector<std::int32_t> dayCounts{8116, -40, 0, 21251, 3'000'000, 8116, -9'999};
+    std::array<double, 4> today{};
+    std::array<double, 4> yesterday{};
+    for (const std::int32_t day : dayCounts) {
+        today[0] += std::sin(day % 23 * 0.27318196987737303) * 10;
+        today[1] += std::sin(day % 28 * 0.22439947525641357) * 10;
+        today[2] += std::sin(day % 33 * 0.19039955476301756) * 10;
+        today[3] = today[3] + cycleMean(day) * 10;
+        yesterday[0] += std::sin((day - 1) % 23 * 0.27318196987737303) * 10;
+        yesterday[1] += std::sin((day - 1) % 28 * 0.22439947525641357) * 10;
+        yesterday[2] += std::sin((day - 1) % 33 * 0.19039955476301756) * 10;
+        yesterday[3] = yesterday[3] + cycleMean(day - 1) * 10;
+    }
+    const DayState state = systemDayState(dayCounts);
+    for (std::size_t i = 0; i < today.size(); ++i) {
+        // To the last bit.
+        QVERIFY(state.today.at(i) == today.at(i) / 7.0);
+        QVERIFY(state.yesterday.at(i) == yesterday.at(i) / 7.0);
+    }
+}
+
+void TestDayState::systemOfOneIsItsMember() {
+    for (std::int32_t day = -1000; day <= 1000; ++day) {
+        QCOMPARE(systemDayState(std::array{day}), dayState(day));
+    }
+}
+
+void TestDayState::halfAnEmotionalPeriodApartIsNoEmotion() {
+    for (std::int32_t day = -100; day <= 30000; ++day) {
+        const DayState state = systemDayState(std::array{day, day + 14});
+        QVERIFY(std::abs(state.value(StateItem::emotional)) < 1e-13);
+        QCOMPARE(shownValue(state.value(StateItem::emotional)), 0);
+    }
+    // Thirteen days apart they do not cancel out.
+    QVERIFY(systemDayState(std::array{7, 20}).value(StateItem::emotional) > 0.1);
+}
+
+void TestDayState::orderOfMembersIsRounding() {
+    std::vector<std::int32_t> dayCounts;
+    for (std::int32_t i = 0; i < 100; ++i) {
+        dayCounts.push_back(i * i * 7 - 20'000);
+    }
+    const DayState forwards = systemDayState(dayCounts);
+    std::ranges::reverse(dayCounts);
+    const DayState backwards = systemDayState(dayCounts);
+    for (std::size_t i = 0; i < forwards.today.size(); ++i) {
+        QVERIFY(std::abs(forwards.today.at(i) - backwards.today.at(i)) < 1e-13);
+        QVERIFY(std::abs(forwards.yesterday.at(i) - backwards.yesterday.at(i)) < 1e-13);
+    }
+    // The mean is the cycles' mean.
+    const StateValues& today = forwards.today;
+    QVERIFY(std::abs((today[0] + today[1] + today[2]) / 3 - today[3]) < 1e-13);
+}
+
+void TestDayState::systemWithoutMembersIsZero() {
+    QCOMPARE(systemDayState({}), DayState{});
 }
 
 } // namespace quor::test

@@ -16,6 +16,11 @@ class TestDayState : public Test {
     void negativeDayCountsAreMirrored();
     void trendIsFallingOnlyWhenLower();
     void meanIsRoundedFromUnroundedValues();
+    void systemIsTheSumOfItsMembersDivided();
+    void systemOfOneIsItsMember();
+    void halfAnEmotionalPeriodApartIsNoEmotion();
+    void orderOfMembersIsRounding();
+    void systemWithoutMembersIsZero();
 };
 
 } // namespace quor::test

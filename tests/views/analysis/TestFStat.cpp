@@ -1,61 +1,22 @@
 #include "views/analysis/TestFStat.h"
 
-#include "toolkit/ShowHelp.h"
+#include "views/analysis/AnalysisFixture.h"
 #include "views/analysis/FStat.h"
 #include "views/analysis/StateBars.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLayout>
-#include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QPointer>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace quor::test {
-
-namespace {
-
-Program personAt(std::int32_t dayCount) {
-    Program program;
-    resetToStartUp(program);
-    program.biorhythm.name = u"Maria"_s;
-    program.biorhythm.calculationDate = toDateValue(QDate(2004, 3, 15));
-    program.biorhythm.birthDate = program.biorhythm.calculationDate - dayCount;
-    program.biorhythm.daysAtGraphStart = dayCountAtGraphStart(program.biorhythm);
-    return program;
-}
-
-QStringList boxTexts(const QWidget& window) {
-    QStringList texts;
-    for (const QString& name : {u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s}) {
-        texts << window.findChild<QLineEdit*>(name)->text();
-    }
-    return texts;
-}
-
-QStringList arrowNames(const QWidget& window) {
-    QStringList names;
-    for (int i = 1; i <= 4; ++i) {
-        names << window.findChild<QWidget*>(u"Image1_%1"_s.arg(i))->accessibleName();
-    }
-    return names;
-}
-
-} // namespace
 
 void TestFStat::knownPerson() {
     Program program = personAt(0);
     program.biorhythm.birthDate = toDateValue(QDate(1981, 12, 25));
     program.biorhythm.daysAtGraphStart = dayCountAtGraphStart(program.biorhythm);
     const FStat window(program);
-    QCOMPARE(boxTexts(window), (QStringList{u"-7"_s, u"-8"_s, u"-4"_s, u"-6"_s}));
+    QCOMPARE(stateTexts(window), (QStringList{u"-7"_s, u"-8"_s, u"-4"_s, u"-6"_s}));
     QCOMPARE(arrowNames(window),
              (QStringList{u"Stato fisico in salita"_s, u"Stato emotivo in salita"_s,
                           u"Stato intellettivo in salita"_s, u"Media in salita"_s}));
@@ -65,31 +26,20 @@ void TestFStat::knownPerson() {
 
 void TestFStat::zeroCrossing() {
     const FStat window(personAt(0));
-    QCOMPARE(boxTexts(window), (QStringList{u"0"_s, u"0"_s, u"0"_s, u"0"_s}));
+    QCOMPARE(stateTexts(window), (QStringList{u"0"_s, u"0"_s, u"0"_s, u"0"_s}));
     for (const QString& name : arrowNames(window)) {
         QVERIFY(name.endsWith(u" in salita"_s));
     }
     // No plus sign before a positive value, and the emotional maximum.
     const FStat later(personAt(7));
-    QCOMPARE(boxTexts(later), (QStringList{u"9"_s, u"10"_s, u"10"_s, u"10"_s}));
+    QCOMPARE(stateTexts(later), (QStringList{u"9"_s, u"10"_s, u"10"_s, u"10"_s}));
     const FStat before(personAt(-7));
-    QCOMPARE(boxTexts(before), (QStringList{u"-9"_s, u"-10"_s, u"-10"_s, u"-10"_s}));
+    QCOMPARE(stateTexts(before), (QStringList{u"-9"_s, u"-10"_s, u"-10"_s, u"-10"_s}));
 }
 
 void TestFStat::boxesAreReadOnlyAndCopyable() {
-    FStat window(personAt(8116));
-    for (const QString& name : {u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s}) {
-        auto* box = window.findChild<QLineEdit*>(name);
-        const QString text = box->text();
-        QVERIFY(box->isReadOnly());
-        QVERIFY(box->isEnabled());
-        QTest::keyClicks(box, u"5"_s);
-        QCOMPARE(box->text(), text);
-        box->setFocus();
-        box->selectAll();
-        QTest::keySequence(box, QKeySequence::Copy);
-        QCOMPARE(QGuiApplication::clipboard()->text(), text);
-    }
+    const FStat window(personAt(8116));
+    verifyReadOnlyAndCopyable(window, {u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s});
 }
 
 void TestFStat::barsWearTheCurveColours() {
@@ -114,8 +64,8 @@ void TestFStat::staysAsItWasMade() {
     const FStat first(program);
     program = personAt(7);
     const FStat second(program);
-    QCOMPARE(boxTexts(first), (QStringList{u"-7"_s, u"-8"_s, u"-4"_s, u"-6"_s}));
-    QCOMPARE(boxTexts(second), (QStringList{u"9"_s, u"10"_s, u"10"_s, u"10"_s}));
+    QCOMPARE(stateTexts(first), (QStringList{u"-7"_s, u"-8"_s, u"-4"_s, u"-6"_s}));
+    QCOMPARE(stateTexts(second), (QStringList{u"9"_s, u"10"_s, u"10"_s, u"10"_s}));
 }
 
 void TestFStat::titleAndObjectName() {
@@ -125,48 +75,17 @@ void TestFStat::titleAndObjectName() {
 }
 
 void TestFStat::closes() {
-    QMdiArea area;
-    const QPointer<FStat> window = new FStat(personAt(1));
-    const QPointer<QMdiSubWindow> frame = area.addSubWindow(window);
-    frame->setAttribute(Qt::WA_DeleteOnClose);
-    area.show();
-    window->show();
-    const QSignalSpy closed(window, &ChildWindow::closed);
-    auto* button = window->findChild<QPushButton*>(u"Command1"_s);
-    QCOMPARE(button->text(), u"&Chiudi"_s);
-    button->click();
-    QCOMPARE(closed.count(), 1);
-    QTRY_VERIFY(!window && !frame);
+    verifyCloses(new FStat(personAt(1)));
 }
 
 void TestFStat::helpOpensItsTopic() {
-    FStat window(personAt(1));
-    QStringList opened;
-    setHelpViewer([&](QWidget* asking, const QString& path) {
-        QCOMPARE(asking, &window);
-        opened << path;
-    });
-    auto* button = window.findChild<QPushButton*>(u"Command2"_s);
-    QCOMPARE(button->text(), u"&?"_s);
-    QCOMPARE(button->toolTip(), u"Guida di questa finestra"_s);
-    button->click();
-    setHelpViewer({});
-    QCOMPARE(opened, QStringList{helpPath(u"2stato.html"_s)});
+    verifyHelp(FStat(personAt(1)), u"2stato.html"_s);
 }
 
 void TestFStat::tabOrder() {
-    const FStat window(personAt(1));
-    QStringList order;
-    const QWidget* first = window.findChild<QWidget*>(u"Text2"_s);
-    const QWidget* next = first;
-    do {
-        if ((next->focusPolicy() & Qt::TabFocus) != 0) {
-            order << next->objectName();
-        }
-        next = next->nextInFocusChain();
-    } while (next != first);
-    QCOMPARE(order, (QStringList{u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s, u"Command1"_s,
-                                 u"Command2"_s}));
+    QCOMPARE(test::tabOrder(FStat(personAt(1)), u"Text2"_s),
+             (QStringList{u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s, u"Command1"_s,
+                          u"Command2"_s}));
 }
 
 void TestFStat::labelsBelongToTheirBoxes() {

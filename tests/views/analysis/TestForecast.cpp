@@ -8,7 +8,9 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +26,23 @@ MeanByDay meanOf(const std::vector<double>& values) {
         const auto index = static_cast<std::size_t>(day);
         return day >= 0 && index < values.size() ? values[index] : 0.5;
     };
+}
+
+/// The last day that a system's forecast tries for an inversion in these tests.
+constexpr std::int32_t fakeLastDay = 30'000;
+
+/// The mean of a system that is given for some days; another value on all others.
+MeansByDay fakeMeans(const std::map<std::int32_t, double>& values, double otherwise) {
+    return [&values, otherwise](std::int32_t first, std::span<double> means) {
+        for (double& mean : means) {
+            const auto found = values.find(first++);
+            mean = found == values.end() ? otherwise : found->second;
+        }
+    };
+}
+
+Forecast systemEvents(const std::map<std::int32_t, double>& values, double otherwise = 0.5) {
+    return findSystemEvents(fakeMeans(values, otherwise), fakeLastDay);
 }
 
 /// The days from `first` to `last` on which something happens.
@@ -229,6 +248,174 @@ void TestForecast::rowsSayNever() {
     QCOMPARE(rows[0], (ForecastRow{.date = u"15/03/2004"_s, .days = u"0"_s}));
     QCOMPARE(rows[1], (ForecastRow{.date = u"Mai"_s, .days = u"Mai"_s}));
     QCOMPARE(rows[2].days, u"5"_s);
+}
+
+void TestForecast::systemStartsOnTheCalculationDate() {
+    QCOMPARE(systemEvents({{0, 0.9}, {1, -0.9}}, -0.5),
+             (Forecast{.inversion = 0, .maximum = 0, .minimum = 1}));
+    QCOMPARE(systemEvents({{0, 0.9}, {1, -0.9}}, 0.5).inversion, Days(1));
+    // Zero, on the calculation date or on the day before.
+    QCOMPARE(systemEvents({{0, 0.0}}, 0.5).inversion, Days(0));
+    QCOMPARE(systemEvents({{0, -0.0}}, 0.5).inversion, Days(0));
+    QCOMPARE(systemEvents({}, 0.0).inversion, Days(0));
+    // Unrounded.
+    QCOMPARE(systemEvents({{3, 1e-15}, {4, -1e-15}}, 0.5).inversion, Days(4));
+}
+
+void TestForecast::systemExtremesAreExactlyNine() {
+    // 8.5 shows 8 and 9.5 shows 10; a day that shows 10 is passed over.
+    QCOMPARE(systemEvents({{2, 0.85}, {3, 0.95}, {5, 1.0}, {7, 0.9499}}).maximum, Days(7));
+    QCOMPARE(systemEvents({{2, 0.85}, {3, 0.8501}}).maximum, Days(3));
+    QCOMPARE(systemEvents({{2, -0.85}, {3, -0.95}, {5, -1.0}, {7, -0.9499}}).minimum, Days(7));
+    QCOMPARE(systemEvents({{2, -0.85}, {3, -0.8501}}).minimum, Days(3));
+    QCOMPARE(systemEvents({{5, 1.0}, {6, -1.0}}),
+             (Forecast{.inversion = 6, .maximum = {}, .minimum = {}}));
+}
+
+void TestForecast::systemHorizonIsTheDay22000() {
+    for (const double nine : {0.9, -0.9}) {
+        const auto extreme = [nine](const std::map<std::int32_t, double>& values) {
+            const Forecast forecast = systemEvents(values);
+            return nine > 0 ? forecast.maximum : forecast.minimum;
+        };
+        QCOMPARE(extreme({{21'999, nine}}), Days(21'999));
+        QCOMPARE(extreme({{22'000, nine}}), Days());
+        QCOMPARE(extreme({{22'001, nine}}), Days());
+        QCOMPARE(extreme({{21'999, nine}, {22'000, nine}, {22'001, nine}}), Days(21'999));
+        // Where the blocks meet in which the days are asked for.
+        for (const std::int32_t day : {31, 32, 159, 160, 671, 672, 2719, 2720}) {
+            QCOMPARE(extreme({{day, nine}}), Days(day));
+        }
+    }
+    // As the window shows them.
+    const auto rows =
+        forecastRows(systemEvents({{22'000, 0.9}, {21'999, -0.9}}), toDateValue(QDate(2004, 3, 15)),
+                     shortDate, QLocale(QLocale::Italian, QLocale::Italy));
+    QCOMPARE(rows[1], (ForecastRow{.date = u"Mai"_s, .days = u"Mai"_s}));
+    QCOMPARE(rows[2], (ForecastRow{.date = u"07/06/2064"_s, .days = u"21999"_s}));
+}
+
+void TestForecast::systemInversionMayComeBeyondTheHorizon() {
+    QCOMPARE(systemEvents({{21'999, -0.1}, {22'000, 0.1}}).inversion, Days(21'999));
+    QCOMPARE(systemEvents({{22'000, -0.1}}).inversion, Days(22'000));
+    QCOMPARE(systemEvents({{fakeLastDay, -0.1}}).inversion, Days(fakeLastDay));
+    // A mean that never inverts is given up in the end.
+    QCOMPARE(systemEvents({}), Forecast());
+    QCOMPARE(systemEvents({{fakeLastDay + 1, -0.1}}), Forecast());
+}
+
+void TestForecast::systemAsksForEachDayOnce() {
+    std::int32_t next = -1;
+    bool consecutive = true;
+    std::map<std::int32_t, double> values;
+    const MeansByDay means = [&](std::int32_t first, std::span<double> block) {
+        consecutive = consecutive && first == next && !block.empty();
+        next = first + static_cast<std::int32_t>(block.size());
+        fakeMeans(values, 0.5)(first, block);
+    };
+    QCOMPARE(findSystemEvents(means, fakeLastDay), Forecast());
+    QVERIFY(consecutive);
+    QCOMPARE(next, fakeLastDay + 1);
+    // Without extremes the horizon is the end...
+    next = -1;
+    values = {{2, -0.1}};
+    QCOMPARE(findSystemEvents(means, fakeLastDay),
+             (Forecast{.inversion = 2, .maximum = {}, .minimum = {}}));
+    QVERIFY(consecutive);
+    QCOMPARE(next, systemHorizon);
+    // ...and where all three are found, the block in which they lie.
+    next = -1;
+    values = {{2, -0.9}, {3, 0.9}};
+    QCOMPARE(findSystemEvents(means, fakeLastDay),
+             (Forecast{.inversion = 2, .maximum = 3, .minimum = 2}));
+    QVERIFY(consecutive);
+    QVERIFY(next < 100);
+}
+
+void TestForecast::systemIsWhatTheFormulasSay() {
+    const std::vector<std::vector<std::int32_t>> systems{
+        {8116},
+        {0},
+        {369},
+        {372},
+        {0, 14},
+        {-30'000, -20'000},
+        {371, 372, 373, 371, 371 + meanPeriod},
+        {100, 5000, -70, 9000},
+        {-21'990, -21'995},
+        {-25'000, 6},
+    };
+    for (const auto& dayCounts : systems) {
+        const auto mean = [&](std::int32_t offset) {
+            double sum = 0;
+            for (const std::int32_t dayCount : dayCounts) {
+                sum += cycleMean(dayCount + offset);
+            }
+            return sum / static_cast<double>(dayCounts.size());
+        };
+        const auto extreme = [&](int target) {
+            std::int32_t k = 0;
+            while (toInt16(mean(k) * 10) != target && k < 22'001) {
+                ++k;
+            }
+            return k >= 22'000 ? Days() : Days(k);
+        };
+        std::int32_t inversion = 0;
+        while (mean(inversion) * mean(inversion - 1) > 0) {
+            ++inversion;
+        }
+        QCOMPARE(systemForecast(SystemMean(dayCounts)),
+                 (Forecast{.inversion = inversion, .maximum = extreme(9), .minimum = extreme(-9)}));
+    }
+}
+
+void TestForecast::systemOfOneMember() {
+    // 9 comes on the second day, 10 only on the third.
+    QVERIFY(shows(371, 9) && shows(372, 10));
+    QCOMPARE(systemForecast(SystemMean({369})).maximum, Days(2));
+    // The day itself shows 10, the next one 9.
+    QVERIFY(shows(373, 9));
+    QCOMPARE(systemForecast(SystemMean({372})).maximum, Days(1));
+    QCOMPARE(systemForecast(SystemMean({371})).maximum, Days(0));
+    QCOMPARE(systemForecast(SystemMean({8008})).inversion, Days(0)); // since the day before
+    QCOMPARE(systemForecast(SystemMean({0})).inversion, Days(0));    // zero on the day itself
+    QCOMPARE(systemForecast(SystemMean({1})).inversion, Days(0));    // zero on the day before
+    QVERIFY(systemForecast(SystemMean({2})).inversion.value_or(0) > 0);
+}
+
+void TestForecast::evenSystemHasNoExtremes() {
+    // 23 members in whose sum each cycle cancels out, so that only rounding is left.
+    std::vector<std::int32_t> dayCounts;
+    for (std::int32_t i = 0; i < 23; ++i) {
+        const std::int32_t emotional = i < 16 ? i / 2 + i % 2 * 14 : (i - 16) * 4;
+        const std::int32_t intellectual = i < 12 ? i / 3 + i % 3 * 11 : (i - 12) * 3;
+        std::int32_t day = 0;
+        while (day % 23 != i || day % 28 != emotional || day % 33 != intellectual) {
+            ++day;
+        }
+        dayCounts.push_back(day);
+    }
+    const SystemMean system(dayCounts);
+    std::vector<double> means(static_cast<std::size_t>(meanPeriod));
+    system.mean(0, means);
+    for (const double mean : means) {
+        QVERIFY(std::abs(mean) < 1e-15);
+    }
+    const Forecast forecast = systemForecast(system);
+    QVERIFY(forecast.inversion);
+    QVERIFY(!forecast.maximum);
+    QVERIFY(!forecast.minimum);
+}
+
+void TestForecast::systemWithoutMembers() {
+    QCOMPARE(systemForecast(SystemMean({})),
+             (Forecast{.inversion = 0, .maximum = {}, .minimum = {}}));
+}
+
+void TestForecast::largestSystem() {
+    // As many members as there can be, in step: what one of them shows.
+    QCOMPARE(systemForecast(SystemMean(std::vector<std::int32_t>(32'767, 8116))),
+             systemForecast(SystemMean({8116})));
 }
 
 } // namespace quor::test

@@ -24,6 +24,16 @@ class TestForecast : public Test {
     void rowsKeepTheDayOfADateWithATime();
     void rowsBeyondTheLastYear();
     void rowsSayNever();
+    void systemStartsOnTheCalculationDate();
+    void systemExtremesAreExactlyNine();
+    void systemHorizonIsTheDay22000();
+    void systemInversionMayComeBeyondTheHorizon();
+    void systemAsksForEachDayOnce();
+    void systemIsWhatTheFormulasSay();
+    void systemOfOneMember();
+    void evenSystemHasNoExtremes();
+    void systemWithoutMembers();
+    void largestSystem();
 };
 
 } // namespace quor::test

@@ -1,0 +1,196 @@
+#include "views/graph/GraphWindow.h"
+
+#include "core/Rounding.h"
+#include "toolkit/BusyCursor.h"
+#include "toolkit/DrawingPainter.h"
+#include "views/graph/FGrOpt.h"
+#include "views/graph/GraphDrawing.h"
+
+#include "ui_GraphWindow.h"
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+constexpr QSize startingSize{760, 520};
+
+QString tenScaleText(double value) {
+    return QString::number(toTenScale(value));
+}
+
+} // namespace
+
+GraphWindow::GraphWindow(Program& program, Frame& frame, std::unique_ptr<GraphSource> source,
+                         GraphWording wording, QWidget* parent)
+    : ChildWindow(parent)
+    , m_program(program)
+    , m_frame(frame)
+    , m_source(std::move(source))
+    , m_wording(std::move(wording))
+    , m_ui(std::make_unique<Ui::GraphWindow>()) {
+    const Biorhythm& biorhythm = program.biorhythm;
+    m_options = graphOptions(biorhythm);
+    m_showFlags = biorhythm.showFlags();
+    m_calculationDate = biorhythm.calculationDate;
+    compute();
+
+    m_ui->setupUi(this);
+    m_checks = {m_ui->Check1, m_ui->Check2, m_ui->Check3, m_ui->Check4, m_ui->Check5};
+    for (std::size_t i = 0; i < m_checks.size(); ++i) {
+        m_checks.at(i)->setChecked(m_showFlags.at(i));
+        connect(m_checks.at(i), &QCheckBox::clicked, this,
+                [this, i](bool shown) { chooseElement(static_cast<GraphElement>(i), shown); });
+    }
+    colourCheckBoxes();
+    connect(m_ui->Command1, &QPushButton::clicked, this, &GraphWindow::redraw);
+    connect(m_ui->Picture1, &PictureBox::resized, this, &GraphWindow::layOutPlot);
+    connect(m_ui->Picture1, &PictureBox::pressed, this, &GraphWindow::pressed);
+    m_ui->Check1->setFocus();
+    layOutWindow();
+}
+
+GraphWindow::~GraphWindow() = default;
+
+QSize GraphWindow::sizeHint() const {
+    return QWidget::sizeHint().expandedTo(startingSize);
+}
+
+void GraphWindow::SetOptions() {
+    auto* dialog = new FGrOpt(m_program, this);
+    dialog->initialise(m_options);
+    connect(dialog, &FGrOpt::GraphOptionsChanged, this, &GraphWindow::applyGraphOptions);
+    dialog->open();
+}
+
+void GraphWindow::applyGraphOptions(const GraphOptions& options) {
+    const bool spanChanged = options.graphDaysAdjust != m_options.graphDaysAdjust;
+    m_options = options;
+    if (spanChanged) {
+        compute();
+    }
+    colourCheckBoxes();
+    layOutWindow();
+    layOutPlot();
+}
+
+void GraphWindow::changeEvent(QEvent* event) {
+    ChildWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        layOutPlot(); // the numbers at the bottom stand where the height of the text puts them
+    }
+}
+
+void GraphWindow::resizeEvent(QResizeEvent* event) {
+    ChildWindow::resizeEvent(event);
+    layOutWindow();
+}
+
+void GraphWindow::compute() {
+    const std::int32_t span = daysAround(m_options.graphDaysAdjust);
+    std::optional<BusyCursor> busy;
+    if (m_source->takesLong(span)) {
+        busy.emplace();
+    }
+    m_series = m_source->series(span);
+}
+
+/// The dates below the picture; the form's layout places everything.
+void GraphWindow::layOutWindow() {
+    m_daysAround = daysAround(m_options.graphDaysAdjust);
+    m_ui->Text1->setText(longDate(m_calculationDate));
+    m_ui->Text2->setText(longDate(m_calculationDate - m_daysAround));
+    m_ui->Text3->setText(longDate(m_calculationDate + m_daysAround));
+}
+
+void GraphWindow::layOutPlot() {
+    m_plot = layOutGraph(m_ui->Picture1->size(), m_daysAround);
+    redraw();
+}
+
+void GraphWindow::redraw() {
+    const GraphStyle style{.show = m_showFlags,
+                           .colours = m_options.colours,
+                           .dayIndexPosition = m_options.dayIndexPosition,
+                           .calculationDate = m_calculationDate,
+                           .textHeight = m_ui->Picture1->textHeight()};
+    m_ui->Picture1->setDrawing(drawGraph(m_series, m_plot, style));
+    m_ui->Text4->setPlainText(generalHelp());
+}
+
+/// Each box that stands for a curve wears its colour.
+void GraphWindow::colourCheckBoxes() {
+    for (std::size_t i = 0; i < m_options.colours.size(); ++i) {
+        const QColor background = toQColor(m_options.colours.at(i));
+        const QColor foreground = readableOn(background);
+        QCheckBox* check = m_checks.at(i);
+        QPalette palette = check->palette();
+        palette.setColor(QPalette::Window, background);
+        palette.setColor(QPalette::WindowText, foreground);
+        check->setPalette(palette);
+        check->setBackgroundRole(QPalette::Window);
+        check->setAutoFillBackground(true);
+    }
+}
+
+QString GraphWindow::generalHelp() const {
+    QStringList paragraphs{
+        u"--> La finestra grafico mostra l'andamento delle curve scelte in un arco di giorni "
+        "attorno a quello utilizzato nella data di calcolo."_s,
+        m_wording.about,
+        u"--> Cliccando col tasto destro sul grafico apparirà un piccolo menu con le statistiche "
+        "parziali del punto prescelto."_s,
+        u"--> Si possono selezionare le curve desiderate nel grafico nel riquadro in basso a "
+        "destra. Sarà necessario premere il tasto Aggiorna perchè i cambiamenti vengano "
+        "effettuati."_s};
+    paragraphs.removeAll(QString());
+    return paragraphs.join(u"\n\n"_s);
+}
+
+QString GraphWindow::elementHelp(GraphElement element) const {
+    switch (element) {
+    case GraphElement::physical:
+        return u"--> La curva fisica rappresenta lo stato fisico %1."_s.arg(m_wording.whose);
+    case GraphElement::emotional:
+        return u"--> La curva emotiva rappresenta lo stato emotivo %1."_s.arg(m_wording.whose);
+    case GraphElement::intellectual:
+        return u"--> La curva intellettiva rappresenta lo stato intellettivo %1."_s.arg(
+            m_wording.whose);
+    case GraphElement::mean:
+        return u"--> La curva media traccia una media matematica delle altre tre curve."_s;
+    case GraphElement::enhance:
+        break;
+    }
+    return u"--> La modalità enchance visualizza a barre colorate lo stato del giorno. Il colore "
+           "tende allo stato prevalente quel giorno, quindi una barra molto chiara fa presupporre "
+           "un buono stato bioritmico."_s;
+}
+
+void GraphWindow::chooseElement(GraphElement element, bool shown) {
+    m_showFlags.at(static_cast<std::size_t>(element)) = shown;
+    m_ui->Text4->setPlainText(elementHelp(element) +
+                              u"\n\n--> Perchè i cambiamenti diventino definitivi nel grafico "
+                              "occorre premere il tasto Aggiorna."_s);
+}
+
+void GraphWindow::pressed(Qt::MouseButton button, QPoint position) {
+    if (button != Qt::RightButton) {
+        return;
+    }
+    const auto day = m_plot.dayAt(position.x());
+    if (!day) {
+        return;
+    }
+    const DayValues values = m_source->valuesOn(*day, m_plot.daysAround);
+    m_frame.showDayPopup({.day = u"Giorno "_s + shortDate(m_calculationDate - m_daysAround + *day),
+                          .physical = u"Fisico: "_s + tenScaleText(values.physical),
+                          .emotional = u"Emotivo: "_s + tenScaleText(values.emotional),
+                          .intellectual = u"Intellettivo: "_s + tenScaleText(values.intellectual),
+                          .mean = u"Media: "_s + tenScaleText(values.mean)},
+                         m_ui->Picture1->mapToGlobal(position));
+}
+
+} // namespace quor

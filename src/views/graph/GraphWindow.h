@@ -1,0 +1,82 @@
+#pragma once
+
+#include "core/Biorhythm.h"
+#include "toolkit/ChildWindow.h"
+#include "toolkit/Frame.h"
+#include "views/graph/GraphPlot.h"
+#include "views/graph/GraphSource.h"
+
+#include <array>
+#include <memory>
+
+class QCheckBox;
+
+namespace quor {
+
+namespace Ui {
+class GraphWindow;
+}
+
+/// What is one window's own in the texts of its help frame.
+struct GraphWording {
+    QString whose; ///< completes "La curva fisica rappresenta lo stato fisico ..."
+    QString about; ///< a paragraph about the values shown, or nothing
+};
+
+/// A graph: curves over a span of days centred on the calculation date, with the boxes that choose
+/// them, the dates of the span and a help text. Whose curves they are is said by its source.
+///
+/// It copies what it shows when it is made; only its options dialog changes it afterwards. The
+/// series is worked out once, and again when the span changes; everything else only draws it.
+class GraphWindow : public ChildWindow {
+    Q_OBJECT
+
+  public:
+    ~GraphWindow() override;
+    GraphWindow(const GraphWindow&) = delete;
+    GraphWindow& operator=(const GraphWindow&) = delete;
+    GraphWindow(GraphWindow&&) = delete;
+    GraphWindow& operator=(GraphWindow&&) = delete;
+
+    /// Opens the options dialog with this window's values.
+    void SetOptions() override;
+
+    /// Takes over what an options dialog reports.
+    void applyGraphOptions(const GraphOptions& options);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+  protected:
+    GraphWindow(Program& program, Frame& frame, std::unique_ptr<GraphSource> source,
+                GraphWording wording, QWidget* parent);
+
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void compute();
+    void layOutWindow();
+    void layOutPlot();
+    void redraw();
+    void colourCheckBoxes();
+    [[nodiscard]] QString generalHelp() const;
+    [[nodiscard]] QString elementHelp(GraphElement element) const;
+    void chooseElement(GraphElement element, bool shown);
+    void pressed(Qt::MouseButton button, QPoint position);
+
+    Program& m_program;
+    Frame& m_frame;
+    std::unique_ptr<GraphSource> m_source;
+    GraphWording m_wording;
+    std::unique_ptr<Ui::GraphWindow> m_ui;
+    std::array<QCheckBox*, 5> m_checks{};
+
+    GraphOptions m_options; ///< this window's copy
+    ShowFlags m_showFlags{};
+    DateValue m_calculationDate = 0;
+    std::int32_t m_daysAround = 1;
+    GraphSeries m_series; ///< of the current span
+    GraphPlot m_plot;
+};
+
+} // namespace quor
