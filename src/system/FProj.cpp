@@ -45,11 +45,12 @@ SystemTreeModel::Images treeImages() {
 
 /// The box before an export or a print, which take the system over until they end.
 void warnOfLock(QWidget* window, const QString& occupation, const QString& closing) {
-    showWarning(window,
-                u"Durante %1 non sarà possibile effettuare cambiamenti sul sistema.\n"
-                "Il controllo del sistema sarà ripristinato con la chiusura della finestra %2."_s
-                    .arg(occupation, closing),
-                u"Avviso"_s);
+    showWarning(
+        window,
+        u"Durante %1 non sarà possibile effettuare cambiamenti sul sistema.\n"
+        "Il controllo del sistema sarà ripristinato con la chiusura della finestra %2."_s.arg(
+            occupation, closing),
+        u"Avviso"_s);
 }
 
 void warnOfExport(QWidget* window) {
@@ -153,8 +154,7 @@ void FProj::enableSystemButtons(bool enabled) {
 
 /// Export and printing.
 void FProj::enableMemberButtons(bool enabled) {
-    for (QWidget* button :
-         {m_ui->Command12, m_ui->Command13, m_ui->Command14, m_ui->Command15}) {
+    for (QWidget* button : {m_ui->Command12, m_ui->Command13, m_ui->Command14, m_ui->Command15}) {
         button->setEnabled(enabled);
     }
 }
@@ -401,8 +401,8 @@ void FProj::showNodeTip(QPoint position) {
     const QRect area = tree->visualRect(node);
     const bool isCut = node.isValid() && tree->sizeHintForIndex(node).width() > area.width();
     QToolTip::showText(tree->viewport()->mapToGlobal(position),
-                       isCut ? node.data().toString().toHtmlEscaped() : QString(),
-                       tree->viewport(), area);
+                       isCut ? node.data().toString().toHtmlEscaped() : QString(), tree->viewport(),
+                       area);
 }
 
 void FProj::closeEvent(QCloseEvent* event) {

@@ -82,7 +82,7 @@ class SystemTreeModel : public QAbstractItemModel {
     AppState& m_state;
     Images m_images;
     std::vector<Branch> m_branches; ///< by row, their numbers ascending
-    int m_shownRows = 0; ///< the branches that are rows, from the first on
+    int m_shownRows = 0;            ///< the branches that are rows, from the first on
     std::uint32_t m_nextNumber = 1; ///< 0 marks a branch among the indexes
 };
 

@@ -82,9 +82,8 @@ class Fixture : public FrameFixture {
     }
     [[nodiscard]] QStringList contents(const QString& path) const {
         QFile file(path);
-        return file.open(QIODevice::ReadOnly)
-                   ? QString::fromLatin1(file.readAll()).split(u"\r\n"_s)
-                   : QStringList();
+        return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()).split(u"\r\n"_s)
+                                              : QStringList();
     }
 };
 
@@ -98,9 +97,9 @@ void TestSystemCommands::newSystem() {
     QVERIFY(!fixture.menuIsEnabled(u"mnuBioritmi"_s));
     QVERIFY(fixture.menuIsEnabled(u"mnuFile"_s));
     QCOMPARE(fixture.disabledTools(), (QList<int>{5, 6, 7, 9, 10, 11, 12, 18}));
-    for (const QString& name : {u"mnuSalvaSistema"_s, u"mnuSalvaSistemaConNome"_s,
-                                u"mnuChiudiSistema"_s, u"mnuOpzioniSistema"_s,
-                                u"mnuEsportaSistema"_s}) {
+    for (const QString& name :
+         {u"mnuSalvaSistema"_s, u"mnuSalvaSistemaConNome"_s, u"mnuChiudiSistema"_s,
+          u"mnuOpzioniSistema"_s, u"mnuEsportaSistema"_s}) {
         QVERIFY(fixture.action(name)->isEnabled());
     }
 }
@@ -115,8 +114,8 @@ void TestSystemCommands::newSystemClosesTheBiorhythm() {
         QVERIFY(fixture.dialogs.finished());
         const bool closed = answer == Answer::yes;
         QCOMPARE(fixture.program.state.systemOpen, closed);
-        QCOMPARE(fixture.children(), QStringList{closed ? u"Sistema corrente"_s
-                                                        : u"Grafico di Maria Rossi"_s});
+        QCOMPARE(fixture.children(),
+                 QStringList{closed ? u"Sistema corrente"_s : u"Grafico di Maria Rossi"_s});
         // The closed biorhythm left no date to compute the system at.
         QCOMPARE(toQDate(fixture.program.biorhythm.calculationDate),
                  closed ? QDate(2026, 11, 21) : QDate(2004, 3, 15));
@@ -165,13 +164,12 @@ void TestSystemCommands::aNameOnlyOnce() {
     Fixture fixture;
     fixture.openSystemOfTwo();
     fixture.dialogs.expectBox(
-        u"Errore"_s,
-        u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s);
+        u"Errore"_s, u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s);
     fixture.enter(u"Anna"_s);
     QVERIFY(fixture.dialogs.finished());
     fixture.enter(u"ANNA"_s);
-    QCOMPARE(fixture.branches(), (QStringList{u"Bioritmo di Anna"_s, u"Bioritmo di Bruno"_s,
-                                              u"Bioritmo di ANNA"_s}));
+    QCOMPARE(fixture.branches(),
+             (QStringList{u"Bioritmo di Anna"_s, u"Bioritmo di Bruno"_s, u"Bioritmo di ANNA"_s}));
 }
 
 void TestSystemCommands::membersFromFiles() {
@@ -271,9 +269,8 @@ void TestSystemCommands::savingAs() {
     QVERIFY(!fixture.program.state.modified);
     QVERIFY(fixture.program.state.systemFilePath.isEmpty()); // nor after it
     const QStringList lines = fixture.contents(path);
-    QCOMPARE(lines.mid(0, 5),
-             (QStringList{u"2"_s, u"\"Anna\""_s, u"#1981-12-25#"_s, u"\"Bruno\""_s,
-                          u"#1981-12-25#"_s}));
+    QCOMPARE(lines.mid(0, 5), (QStringList{u"2"_s, u"\"Anna\""_s, u"#1981-12-25#"_s, u"\"Bruno\""_s,
+                                           u"#1981-12-25#"_s}));
 }
 
 void TestSystemCommands::savingToTheKnownFile() {

@@ -12,5 +12,4 @@
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChildArrangement,
                quor::test::TestCommandLine, quor::test::TestEndRequests, quor::test::TestFIns,
-               quor::test::TestFolders, quor::test::TestMDIForm1,
-               quor::test::TestSystemCommands)
+               quor::test::TestFolders, quor::test::TestMDIForm1, quor::test::TestSystemCommands)

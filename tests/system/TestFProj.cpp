@@ -68,9 +68,7 @@ class Fixture {
     [[nodiscard]] QAbstractButton* button(const QString& name) const {
         return window->findChild<QAbstractButton*>(name);
     }
-    [[nodiscard]] QTreeView* tree() const {
-        return window->findChild<QTreeView*>(u"TreeView1"_s);
-    }
+    [[nodiscard]] QTreeView* tree() const { return window->findChild<QTreeView*>(u"TreeView1"_s); }
     [[nodiscard]] QModelIndex member(int row) const { return tree()->model()->index(row, 0); }
     [[nodiscard]] QModelIndex leaf(int row, int view) const {
         return tree()->model()->index(view, 0, member(row));
@@ -84,7 +82,7 @@ class Fixture {
     }
     void select(const QModelIndex& node) const { tree()->setCurrentIndex(node); }
     /// A mouse click on the text of a node.
-    void click(const QModelIndex& node) const { 
+    void click(const QModelIndex& node) const {
         QTest::mouseClick(viewport(), Qt::LeftButton, {}, place(node));
     }
     [[nodiscard]] QWidget* viewport() const { return tree()->viewport(); }
@@ -150,9 +148,8 @@ const QStringList& systemButtons() {
 }
 
 const QStringList& allButtons() {
-    static const QStringList names =
-        systemButtons() +
-        QStringList{u"Command12"_s, u"Command13"_s, u"Command14"_s, u"Command15"_s};
+    static const QStringList names = systemButtons() + QStringList{u"Command12"_s, u"Command13"_s,
+                                                                   u"Command14"_s, u"Command15"_s};
     return names;
 }
 
@@ -214,8 +211,12 @@ void TestFProj::captionsAndTips() {
         QVERIFY(!fixture.button(name)->icon().isNull());
         QVERIFY(!fixture.button(name)->accessibleName().isEmpty());
     }
-    const QStringList frames{u"Bioritmi nel sistema"_s, u"Bioritmo di sistema"_s, u"Opzioni"_s,
-                             u"Principale"_s,           u"Esporta"_s,             u"Stampa"_s};
+    const QStringList frames{u"Bioritmi nel sistema"_s,
+                             u"Bioritmo di sistema"_s,
+                             u"Opzioni"_s,
+                             u"Principale"_s,
+                             u"Esporta"_s,
+                             u"Stampa"_s};
     for (int i = 0; i < 6; ++i) {
         const auto* frame = fixture.window->findChild<QGroupBox*>(u"Frame%1"_s.arg(i + 1));
         QCOMPARE(frame->title(), frames.at(i));
@@ -243,8 +244,7 @@ void TestFProj::accessKeysAndTabOrder() {
             break;
         }
     }
-    QCOMPARE(order.join(u' ').remove(u"Command"_s),
-             u"1 2 7 5 6 4 8 12 13 14 15 10 3 9 11"_s);
+    QCOMPARE(order.join(u' ').remove(u"Command"_s), u"1 2 7 5 6 4 8 12 13 14 15 10 3 9 11"_s);
 }
 
 void TestFProj::tabsChooseTheFrames() {
@@ -263,8 +263,8 @@ void TestFProj::tabsChooseTheFrames() {
     const auto describe = [tabs](int i) {
         return QStringList{tabs->tabText(i), tabs->widget(i)->objectName(), tabs->tabToolTip(i)};
     };
-    QCOMPARE(describe(0), (QStringList{u"Bioritmi"_s, u"TabBioritmi"_s,
-                                       u"Gestire i bioritmi del sistema"_s}));
+    QCOMPARE(describe(0),
+             (QStringList{u"Bioritmi"_s, u"TabBioritmi"_s, u"Gestire i bioritmi del sistema"_s}));
     QCOMPARE(describe(1), (QStringList{u"Esportazioni/Stampa"_s, u"TabEsp"_s,
                                        u"Gestione della stampa e delle esportazioni"_s}));
     QCOMPARE(describe(2), (QStringList{u"Opzioni"_s, u"TabOpzioni"_s, u"Gestire opzioni"_s}));
@@ -336,8 +336,7 @@ void TestFProj::aNameOnlyOnce() {
     Fixture fixture({u"Anna"_s});
     const auto before = fixture.program.state.systemMembers;
     fixture.dialogs.expectBox(
-        u"Errore"_s,
-        u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s);
+        u"Errore"_s, u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s);
     fixture.enter(u"Anna"_s);
     QVERIFY(fixture.dialogs.finished());
     QCOMPARE(fixture.program.state.systemMembers, before);
@@ -494,8 +493,8 @@ void TestFProj::invalidSelections() {
 void TestFProj::removingTheFirstOfThree() {
     Fixture fixture({u"Anna"_s, u"Bruno"_s, u"Carla"_s});
     fixture.select(fixture.member(0));
-    fixture.dialogs.expectQuestion(u"Conferma eliminazione"_s,
-                                   u"Rimuovere il bioritmo di Anna ?"_s, Answer::yes);
+    fixture.dialogs.expectQuestion(u"Conferma eliminazione"_s, u"Rimuovere il bioritmo di Anna ?"_s,
+                                   Answer::yes);
     fixture.press(u"Command7"_s);
     QVERIFY(fixture.dialogs.finished());
     QCOMPARE(memberNames(fixture.program.state), (QStringList{u"Carla"_s, u"Bruno"_s}));
@@ -513,8 +512,8 @@ void TestFProj::removingTheFirstOfThree() {
 void TestFProj::removingIsRefused() {
     Fixture fixture({u"Anna"_s});
     fixture.select(fixture.member(0));
-    fixture.dialogs.expectQuestion(u"Conferma eliminazione"_s,
-                                   u"Rimuovere il bioritmo di Anna ?"_s, Answer::no);
+    fixture.dialogs.expectQuestion(u"Conferma eliminazione"_s, u"Rimuovere il bioritmo di Anna ?"_s,
+                                   Answer::no);
     fixture.press(u"Command7"_s);
     QVERIFY(fixture.dialogs.finished());
     QCOMPARE(fixture.branches(), QStringList{u"Bioritmo di Anna"_s});
@@ -525,8 +524,8 @@ void TestFProj::removingIsRefused() {
 void TestFProj::removingTheLastOne() {
     Fixture fixture({u"Anna"_s});
     fixture.select(fixture.member(0));
-    fixture.dialogs.expectQuestion(u"Conferma eliminazione"_s,
-                                   u"Rimuovere il bioritmo di Anna ?"_s, Answer::yes);
+    fixture.dialogs.expectQuestion(u"Conferma eliminazione"_s, u"Rimuovere il bioritmo di Anna ?"_s,
+                                   Answer::yes);
     fixture.press(u"Command7"_s);
     QVERIFY(fixture.branches().isEmpty());
     QVERIFY(fixture.enabledButtons().isEmpty());
@@ -570,8 +569,8 @@ void TestFProj::compatibility() {
     Fixture fixture;
     fixture.press(u"Command8"_s); // whether there are members or not
     fixture.press(u"Command8"_s);
-    QCOMPARE(fixture.frame.calls, (QStringList{u"show Compatibilità bioritmica"_s,
-                                               u"show Compatibilità bioritmica"_s}));
+    QCOMPARE(fixture.frame.calls,
+             (QStringList{u"show Compatibilità bioritmica"_s, u"show Compatibilità bioritmica"_s}));
     QCOMPARE(fixture.frame.shown.at(0), fixture.frame.shown.at(1));
     // Closed and opened again it is a new one, even before the old one is gone.
     fixture.frame.shown.at(0)->closeWindow();
@@ -656,8 +655,8 @@ void TestFProj::invalidDates() {
     QFETCH(QString, typed);
     Fixture fixture;
     expectDateBox(fixture, typed);
-    fixture.dialogs.expectBox(
-        u"Errore"_s, u"La data inserita non è valida. Nessuna operazione eseguita."_s);
+    fixture.dialogs.expectBox(u"Errore"_s,
+                              u"La data inserita non è valida. Nessuna operazione eseguita."_s);
     fixture.button(u"Command3"_s)->click();
     QVERIFY(fixture.dialogs.finished());
     QCOMPARE(toQDate(fixture.program.biorhythm.calculationDate), QDate(2004, 3, 15));

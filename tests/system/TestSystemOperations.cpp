@@ -33,8 +33,7 @@ void TestSystemOperations::closing() {
     // Nobody was computed: the windows of the biorhythm are left alone.
     QCOMPARE(frame.calls,
              (QStringList{u"panel 1 "_s, u"panel 2 "_s, u"panel 3 "_s, u"menu mnuBioritmi on"_s,
-                          u"command mnuSalvaSistema off"_s,
-                          u"command mnuSalvaSistemaConNome off"_s,
+                          u"command mnuSalvaSistema off"_s, u"command mnuSalvaSistemaConNome off"_s,
                           u"command mnuChiudiSistema off"_s, u"command mnuOpzioniSistema off"_s,
                           u"command mnuEsportaSistema off"_s, u"tool 3 off"_s, u"tool 14 off"_s,
                           u"tool 16 off"_s, u"tool 5 on"_s, u"tool 6 on"_s}));
@@ -64,10 +63,10 @@ void TestSystemOperations::status() {
     program.state.systemFilePath = u"/x/famiglia.brs"_s;
     RecordingFrame frame;
     showSystemStatus(program, frame);
-    QCOMPARE(frame.calls, (QStringList{u"panel 1 Nome: /x/famiglia.brs"_s,
-                                       u"panel 2 3 bioritmi nel sistema"_s,
-                                       u"panel 3 Data in esame per il calcolo: "_s +
-                                           shortDate(program.biorhythm.calculationDate)}));
+    QCOMPARE(frame.calls,
+             (QStringList{u"panel 1 Nome: /x/famiglia.brs"_s, u"panel 2 3 bioritmi nel sistema"_s,
+                          u"panel 3 Data in esame per il calcolo: "_s +
+                              shortDate(program.biorhythm.calculationDate)}));
 }
 
 void TestSystemOperations::noStatusWithoutASystem() {

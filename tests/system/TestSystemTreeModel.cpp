@@ -85,8 +85,8 @@ void TestSystemTreeModel::branchesAndLeaves() {
             QVERIFY(!SystemTreeModel::isMember(leaf));
             QCOMPARE(SystemTreeModel::view(leaf), static_cast<MemberView>(view));
             QCOMPARE(leaf.parent(), branch);
-            QCOMPARE(model.member(leaf), fixture.program.state.systemMembers.at(
-                                             static_cast<std::size_t>(row)));
+            QCOMPARE(model.member(leaf),
+                     fixture.program.state.systemMembers.at(static_cast<std::size_t>(row)));
             QVERIFY(!model.hasChildren(leaf));
         }
     }
@@ -164,8 +164,8 @@ void TestSystemTreeModel::fillingAgain() {
     fixture.model.removeMember(fixture.model.index(0, 0));
     fixture.program.state = programWith({u"Carla"_s, u"Dario"_s, u"Elsa"_s}).state;
     fixture.model.fill();
-    QCOMPARE(fixture.branches(), (QStringList{u"Bioritmo di Carla"_s, u"Bioritmo di Dario"_s,
-                                              u"Bioritmo di Elsa"_s}));
+    QCOMPARE(fixture.branches(),
+             (QStringList{u"Bioritmo di Carla"_s, u"Bioritmo di Dario"_s, u"Bioritmo di Elsa"_s}));
 }
 
 void TestSystemTreeModel::theLargestSystem() {
