@@ -282,7 +282,9 @@ void MDIForm1::setCommandEnabled(Command command, bool enabled) {
 
 void MDIForm1::setMenuEnabled(Menu menu, bool enabled) {
     const MenuInfo& info = menuTable()[static_cast<std::size_t>(menu)];
-    menuBar()->findChild<QMenu*>(QString::fromLatin1(info.name))->menuAction()->setEnabled(enabled);
+    // The menu itself and not its entry in the bar, which forgets its state when the whole frame is
+    // disabled and enabled again.
+    menuBar()->findChild<QMenu*>(QString::fromLatin1(info.name))->setEnabled(enabled);
 }
 
 void MDIForm1::setToolEnabled(int position, bool enabled) {

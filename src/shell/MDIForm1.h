@@ -115,6 +115,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void askToCloseSystem();
     [[nodiscard]] bool closedCurrent();
     FProj* ensureSystemWindow();
+    void unlock();
 
     void quit();
     void end();

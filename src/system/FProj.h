@@ -4,16 +4,35 @@
 #include "toolkit/ChildWindow.h"
 #include "toolkit/Frame.h"
 
+#include <QModelIndex>
+#include <QPointer>
+
+#include <memory>
+
+class QAbstractButton;
+
 namespace quor {
 
-/// The window of the open system. One exists while a system is open, and closing it closes the
-/// system.
+class SystemTreeModel;
+
+namespace Ui {
+class FProj;
+}
+
+/// The window of the open system: its members as a tree, what each of them and the system as a
+/// whole can show, and export and printing. One exists while a system is open, and closing it
+/// closes the system.
 class FProj : public ChildWindow {
     Q_OBJECT
 
   public:
     /// Opens the system.
     FProj(Program& program, Frame& frame, QWidget* parent = nullptr);
+    ~FProj() override;
+    FProj(const FProj&) = delete;
+    FProj& operator=(const FProj&) = delete;
+    FProj(FProj&&) = delete;
+    FProj& operator=(FProj&&) = delete;
 
     /// Shows the members that a file brought.
     void fillTree();
@@ -25,13 +44,58 @@ class FProj : public ChildWindow {
     /// Hands the whole system to the export window.
     void exportSystem();
 
+    /// Makes the window usable again after an export or a print, for which it disabled itself
+    /// together with its title bar.
+    void unlock();
+
+    [[nodiscard]] QSize sizeHint() const override;
+
   protected:
     /// Asks whether to close the system and, where it has changes, whether to save them.
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void connectButtons();
+    void enableSystemButtons(bool enabled);
+    void enableMemberButtons(bool enabled);
+
+    /// The member that is selected; nothing after a message that ends in the given words when
+    /// none is.
+    [[nodiscard]] QModelIndex selectedMember(const QString& purpose);
+    /// False after a message when there is no member that a system view could be computed of.
+    [[nodiscard]] bool hasMembers();
+
+    /// Opens the view of a leaf in a window of its own; a member has none.
+    void openView(const QModelIndex& node);
+    void openMeanGraph();
+    void openMeanStatistics();
+    void openMeanForecasts();
+    void openCompatibility();
+
+    void insertNew();
+    void insertExisting();
+    void removeMember();
+    void moveCalculationDate();
+    void exportMember();
+    void saveMember();
+    void printMember();
+
+    /// The member becomes the current biorhythm.
+    void makeCurrent(const SystemMember& member);
+    /// The curves begin where they do for this member.
+    void startCurvesFor(const SystemMember& member);
+    void lock();
+    void lockWithFrame();
+
+    /// The whole text of a node that is too long for the tree.
+    void showNodeTip(QPoint position);
+
     Program& m_program;
     Frame& m_frame;
+    std::unique_ptr<Ui::FProj> m_ui;
+    SystemTreeModel* m_tree = nullptr;
+    QPointer<ChildWindow> m_compatibility; ///< FComp while it is open
 };
 
 } // namespace quor

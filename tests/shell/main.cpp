@@ -5,10 +5,11 @@
 #include "shell/TestFIns.h"
 #include "shell/TestFolders.h"
 #include "shell/TestMDIForm1.h"
+#include "shell/TestSystemCommands.h"
 #include "support/Hermetic.h"
 
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChildArrangement,
                quor::test::TestCommandLine, quor::test::TestEndRequests, quor::test::TestFIns,
-               quor::test::TestFolders, quor::test::TestMDIForm1)
+               quor::test::TestFolders, quor::test::TestMDIForm1, quor::test::TestSystemCommands)

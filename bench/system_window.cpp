@@ -1,0 +1,133 @@
+// How long the system window takes to appear with the largest system, against a small one.
+
+#include "core/Biorhythm.h"
+#include "system/FProj.h"
+#include "system/SystemTreeModel.h"
+#include "toolkit/Frame.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTreeView>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int few = 10;
+constexpr int many = 32'767;
+constexpr int defaultRounds = 30;
+constexpr double goal = 1.5;
+
+/// A frame that has no state of its own to keep.
+class BareFrame : public quor::Frame {
+  public:
+    [[nodiscard]] QWidget* widget() override { return nullptr; }
+    void run(quor::Command /*command*/) override {}
+    void setCommandEnabled(quor::Command /*command*/, bool /*enabled*/) override {}
+    void setMenuEnabled(quor::Menu /*menu*/, bool /*enabled*/) override {}
+    void setToolEnabled(int /*position*/, bool /*enabled*/) override {}
+    void setToolbarEnabled(bool /*enabled*/) override {}
+    void setStatusPanel(quor::StatusPanel /*panel*/, const QString& /*text*/) override {}
+    void applyBiorhythm() override {}
+    void closeBiorhythm() override {}
+    void showBiorhythmEntry() override {}
+    void showExport(const QString& /*caption*/) override {}
+    void showPrint(quor::PrintMode /*mode*/) override {}
+    void showChild(quor::ChildWindow* /*child*/) override {}
+    void showDayPopup(const quor::DayPopup& /*popup*/, QPoint /*globalPosition*/) override {}
+};
+
+quor::Program programWith(int members) {
+    quor::Program program;
+    quor::resetToStartUp(program);
+    for (int i = 0; i < members; ++i) {
+        program.state.systemMembers.push_back(
+            {u"Persona numero %1"_s.arg(i), quor::toDateValue(QDate(1950, 1, 1)) + i});
+    }
+    program.state.systemCount = static_cast<std::int16_t>(members);
+    return program;
+}
+
+[[noreturn]] void fail(const char* what) {
+    std::fprintf(stderr, "%s\n", what);
+    std::exit(EXIT_FAILURE);
+}
+
+/// Processor time of this process: on a busy machine the clock on the wall measures the others.
+double processorMilliseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
+}
+
+/// From the program's data to a window that is painted and has answered a key.
+double millisecondsToAnswer(quor::Program& program, QMdiArea& area, BareFrame& frame) {
+    const double start = processorMilliseconds();
+    auto* window = new quor::FProj(program, frame);
+    window->fillTree();
+    QMdiSubWindow* child = area.addSubWindow(window);
+    child->resize(child->sizeHint());
+    window->show();
+    child->show();
+    QCoreApplication::processEvents();
+    auto* tree = window->findChild<QTreeView*>(u"TreeView1"_s);
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(tree, &down);
+    QCoreApplication::processEvents();
+    const double time = processorMilliseconds() - start;
+    if (!tree->selectionModel()->isSelected(tree->model()->index(0, 0))) {
+        fail("the window did not answer");
+    }
+    qobject_cast<quor::SystemTreeModel*>(tree->model())->showAll();
+    if (tree->model()->rowCount() != program.state.systemCount) {
+        fail("members are missing");
+    }
+    delete child;
+    QCoreApplication::processEvents();
+    return time;
+}
+
+double median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    const int rounds = argc > 1 ? std::atoi(argv[1]) : defaultRounds;
+    if (rounds < 1) {
+        fail("usage: bench_system_window [ROUNDS]");
+    }
+    quor::Program small = programWith(few);
+    quor::Program large = programWith(many);
+    BareFrame frame;
+    QMdiArea area;
+    area.resize(1024, 700);
+    area.show();
+    millisecondsToAnswer(small, area, frame); // fonts, style and pictures are loaded once
+    std::vector<double> smallTimes;
+    std::vector<double> largeTimes;
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        smallTimes.push_back(millisecondsToAnswer(small, area, frame));
+        largeTimes.push_back(millisecondsToAnswer(large, area, frame));
+        ratios.push_back(largeTimes.back() / smallTimes.back());
+    }
+    const auto [least, most] = std::ranges::minmax(ratios);
+    std::printf("%6d members: %7.2f ms\n%6d members: %7.2f ms\n", few, median(smallTimes), many,
+                median(largeTimes));
+    std::printf("ratio: %.2f (%.2f to %.2f in %d rounds), goal %.1f\n", median(ratios), least, most,
+                rounds, goal);
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestSystemCommands : public Test {
+    Q_OBJECT
+
+  private slots:
+    void newSystem();
+    void newSystemClosesTheBiorhythm();
+    void newSystemClosesTheSystem();
+    void enteringMembers();
+    void aNameOnlyOnce();
+    void membersFromFiles();
+    void theEntryClosesWithTheSystem();
+    void openingAFile();
+    void openingAFileOfToday();
+    void openingClosesFirst();
+    void aCancelledOpenLeavesNoSystem();
+    void commandLineText();
+    void savingAs();
+    void savingToTheKnownFile();
+    void aFailedSaveIsReported();
+    void closing();
+    void closingSavesFirst();
+    void aCancelledSaveKeepsTheSystem();
+    void closingIsRefused();
+    void savingAMemberKeepsTheSystemUnsaved();
+    void exportAndPrintGiveEverythingBack();
+    void quitting();
+    void quittingAnEmptySystem();
+    void theCloseBoxAsks();
+};
+
+} // namespace quor::test
