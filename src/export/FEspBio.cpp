@@ -29,6 +29,11 @@ FEspBio::FEspBio(Program& program, Frame& frame, QWidget* parent)
 
 FEspBio::~FEspBio() = default;
 
+void FEspBio::done(int result) {
+    delete m_runner;
+    QDialog::done(result);
+}
+
 /// A page is made of pictures: without one of them there is none.
 void FEspBio::choose() {
     const bool pictures = m_ui->Check1->isChecked() || m_ui->Check2->isChecked();

@@ -28,6 +28,9 @@ class FEspBio : public QDialog {
     FEspBio(FEspBio&&) = delete;
     FEspBio& operator=(FEspBio&&) = delete;
 
+    /// Closing ends what is going on.
+    void done(int result) override;
+
   private:
     void choose();
     void startRun();

@@ -41,6 +41,12 @@ FStampaBio::FStampaBio(Program& program, Frame& frame, PrintMode mode, QWidget* 
 
 FStampaBio::~FStampaBio() = default;
 
+void FStampaBio::done(int result) {
+    delete m_runner;
+    m_ui->WebBrowser1->stop();
+    QDialog::done(result);
+}
+
 void FStampaBio::choose() {
     const bool pictures = m_ui->Check2->isChecked() || m_ui->Check3->isChecked();
     m_ui->Check1->setChecked(pictures);

@@ -28,6 +28,9 @@ class FStampaBio : public QDialog {
     FStampaBio(FStampaBio&&) = delete;
     FStampaBio& operator=(FStampaBio&&) = delete;
 
+    /// Closing ends what is going on.
+    void done(int result) override;
+
   private:
     void choose();
     void start();

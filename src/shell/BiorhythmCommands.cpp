@@ -155,6 +155,7 @@ void MDIForm1::closeBiorhythm() {
     if (m_options != nullptr) {
         m_options->closeWindow();
     }
+    closeExportAndPrint();
     m_program.biorhythm.birthDate = 0;
     m_program.biorhythm.calculationDate = 0;
     m_program.biorhythm.name.clear();

@@ -1,5 +1,7 @@
 #include "shell/MDIForm1.h"
 
+#include "export/FEspBio.h"
+#include "export/FStampaBio.h"
 #include "guidance/FAbout.h"
 #include "guidance/FOpt.h"
 #include "shell/ApplicationSetup.h"
@@ -246,9 +248,17 @@ void MDIForm1::run(Command command) {
     case Command::weeklyOptions:
         openWeeklyOptions();
         break;
+    case Command::mnuAnteprimaDiStampa:
+        showPrint(PrintMode::preview);
+        break;
+    case Command::mnuStampa:
+        showPrint(PrintMode::print);
+        break;
     case Command::mnuEsporta:
         if (m_program.state.systemOpen) {
             showInformation(this, u"Attualmente non disponibile."_s, u"Non disponibile"_s);
+        } else {
+            showExport(u"Esporta bioritmo di "_s + m_program.biorhythm.name);
         }
         break;
     case Command::mnuHlpCompleto:
@@ -371,7 +381,8 @@ void MDIForm1::arrangeChildren(Command command) {
 /// command's affair; the request itself never closes the frame.
 void MDIForm1::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (!m_ending) {
+    // While an export or a print has disabled the frame, its own window is the one to close.
+    if (!m_ending && isEnabled()) {
         quit();
     }
 }

@@ -16,12 +16,14 @@ class QToolBar;
 
 namespace quor {
 
+class FEspBio;
 class FGrph;
 class FGrphSet;
 class FIns;
 class FOpt;
 class FPrev;
 class FProj;
+class FStampaBio;
 class FStat;
 class StatusLabel;
 
@@ -115,6 +117,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void askToCloseSystem();
     [[nodiscard]] bool closedCurrent();
     FProj* ensureSystemWindow();
+    void closeExportAndPrint();
     void unlock();
 
     void quit();
@@ -135,6 +138,8 @@ class MDIForm1 : public QMainWindow, public Frame {
     QPointer<FProj> m_system; ///< while a system is open
     QPointer<FIns> m_newBiorhythm;
     QPointer<FOpt> m_options;
+    QPointer<FEspBio> m_export;
+    QPointer<FStampaBio> m_print;
     /// The answer to the last question whether to close the biorhythm.
     Answer m_closeAnswer = Answer::yes;
     bool m_ending = false;

@@ -104,23 +104,4 @@ void MDIForm1::saveSystemAs() {
     showInformation(this, u"File salvato"_s, u"Ok"_s);
 }
 
-void MDIForm1::showExport(const QString& /*caption*/) {
-    unlock();
-}
-
-void MDIForm1::showPrint(PrintMode /*mode*/) {
-    unlock();
-}
-
-/// Gives back what the system window locks for an export or a print. Called when that is over.
-void MDIForm1::unlock() {
-    setEnabled(true);
-    setMenuEnabled(Menu::mnuFile, true);
-    setToolbarEnabled(true);
-    m_program.state.exportWholeSystem = false;
-    if (m_system != nullptr) {
-        m_system->unlock();
-    }
-}
-
 } // namespace quor

@@ -7,6 +7,7 @@
 #include "support/Hermetic.h"
 #include "support/ScriptedDialogs.h"
 
+#include <QDialog>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -92,6 +93,11 @@ class FrameFixture {
             texts << label->text();
         }
         return texts;
+    }
+    /// A dialog that is open, by its name.
+    [[nodiscard]] QDialog* dialog(const QString& name) const {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return frame.findChild<QDialog*>(name);
     }
     [[nodiscard]] QMdiArea* area() const { return frame.findChild<QMdiArea*>(); }
     /// Titles of the windows inside the frame.

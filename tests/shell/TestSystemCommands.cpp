@@ -410,6 +410,22 @@ void TestSystemCommands::exportAndPrintGiveEverythingBack() {
                 prints ? u"di stampa"_s : u"esportazioni"_s));
         fixture.press(button);
         QVERIFY(fixture.dialogs.finished());
+        QDialog* window = prints ? fixture.dialog(u"FStampaBio"_s) : fixture.dialog(u"FEspBio"_s);
+        QVERIFY(window != nullptr);
+        QVERIFY(window->isEnabled());
+        QCOMPARE(window->windowTitle(), prints ? u"Stampa"_s
+                                        : button == u"Command14"_s
+                                            ? u"Esportazione del sistema"_s
+                                            : u"Esportazione bioritmo di Bruno"_s);
+        QCOMPARE(fixture.program.state.exportWholeSystem, button == u"Command14"_s);
+        QVERIFY(!fixture.window()->isEnabled());
+        QCOMPARE(fixture.frame.isEnabled(), button == u"Command14"_s);
+        if (!fixture.frame.isEnabled()) {
+            fixture.frame.close(); // neither ends nor asks
+            QCOMPARE(fixture.ended.size(), 0);
+        }
+        window->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(fixture.frame.isEnabled());
         QVERIFY(fixture.window()->isEnabled());
         QVERIFY(fixture.menuIsEnabled(u"mnuFile"_s));

@@ -2,6 +2,7 @@
 #include "shell/TestChildArrangement.h"
 #include "shell/TestCommandLine.h"
 #include "shell/TestEndRequests.h"
+#include "shell/TestExportCommands.h"
 #include "shell/TestFIns.h"
 #include "shell/TestFolders.h"
 #include "shell/TestMDIForm1.h"
@@ -11,5 +12,6 @@
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChildArrangement,
-               quor::test::TestCommandLine, quor::test::TestEndRequests, quor::test::TestFIns,
-               quor::test::TestFolders, quor::test::TestMDIForm1, quor::test::TestSystemCommands)
+               quor::test::TestCommandLine, quor::test::TestEndRequests,
+               quor::test::TestExportCommands, quor::test::TestFIns, quor::test::TestFolders,
+               quor::test::TestMDIForm1, quor::test::TestSystemCommands)

@@ -1,0 +1,69 @@
+// The windows that export and print, and what is locked while they work.
+
+#include "shell/MDIForm1.h"
+
+#include "export/FEspBio.h"
+#include "export/FStampaBio.h"
+#include "system/FProj.h"
+
+namespace quor {
+
+namespace {
+
+/// Shows a window that stands beside the frame. The frame may be disabled by then, and its dialogs
+/// with it.
+void bringUp(QWidget* window) {
+    window->setEnabled(true);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+} // namespace
+
+void MDIForm1::showExport(const QString& caption) {
+    if (m_export == nullptr) {
+        m_export = new FEspBio(m_program, *this, this);
+        connect(m_export, &QDialog::finished, this, [this] {
+            m_export = nullptr;
+            unlock();
+        });
+    }
+    m_export->setWindowTitle(caption);
+    bringUp(m_export);
+}
+
+void MDIForm1::showPrint(PrintMode mode) {
+    if (m_print != nullptr) {
+        m_print->close(); // made for the other purpose, or for another biorhythm
+    }
+    m_print = new FStampaBio(m_program, *this, mode, this);
+    connect(m_print, &QDialog::finished, this, [this] {
+        m_print = nullptr;
+        unlock();
+    });
+    bringUp(m_print);
+}
+
+/// Closing the biorhythm closes the windows that export and print it.
+void MDIForm1::closeExportAndPrint() {
+    if (m_export != nullptr) {
+        m_export->close();
+    }
+    if (m_print != nullptr) {
+        m_print->close();
+    }
+}
+
+/// Gives back what the system window locks for an export or a print. Called when that is over.
+void MDIForm1::unlock() {
+    setEnabled(true);
+    setMenuEnabled(Menu::mnuFile, true);
+    setToolbarEnabled(true);
+    m_program.state.exportWholeSystem = false;
+    if (m_system != nullptr) {
+        m_system->unlock();
+    }
+}
+
+} // namespace quor
