@@ -40,6 +40,10 @@ void FProj::addMember(const QString& name) {
 
 void FProj::exportSystem() {}
 
+void FProj::setUsable(Usable usable) {
+    m_usable = usable;
+}
+
 void FProj::closeEvent(QCloseEvent* event) {
     if (ask(this,
             u"Questo comporterà la chiusura del sistema aperto attualmente. Si desidera continuare "

@@ -25,6 +25,12 @@ class FProj : public ChildWindow {
     /// Hands the whole system to the export window.
     void exportSystem();
 
+    /// What a guided tour leaves usable: everything, the two buttons that insert a member, or no
+    /// button. The window can be closed by its frame whatever is left.
+    enum class Usable : std::uint8_t { everything, insertion, nothing };
+    void setUsable(Usable usable);
+    [[nodiscard]] Usable usable() const { return m_usable; }
+
   protected:
     /// Asks whether to close the system and, where it has changes, whether to save them.
     void closeEvent(QCloseEvent* event) override;
@@ -32,6 +38,7 @@ class FProj : public ChildWindow {
   private:
     Program& m_program;
     Frame& m_frame;
+    Usable m_usable = Usable::everything;
 };
 
 } // namespace quor

@@ -1,9 +1,11 @@
 #include "shell/TestBiorhythmViews.h"
 #include "shell/TestChildArrangement.h"
 #include "shell/TestCommandLine.h"
+#include "shell/TestCommandStates.h"
 #include "shell/TestEndRequests.h"
 #include "shell/TestFIns.h"
 #include "shell/TestFolders.h"
+#include "shell/TestGuide.h"
 #include "shell/TestMDIForm1.h"
 #include "support/Hermetic.h"
 
@@ -11,4 +13,5 @@
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChildArrangement,
                quor::test::TestCommandLine, quor::test::TestEndRequests, quor::test::TestFIns,
-               quor::test::TestFolders, quor::test::TestMDIForm1)
+               quor::test::TestFolders, quor::test::TestMDIForm1,
+               quor::test::TestCommandStates, quor::test::TestGuide)
