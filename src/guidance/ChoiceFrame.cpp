@@ -71,8 +71,11 @@ void ChoiceFrame::paintEvent(QPaintEvent* /*event*/) {
     QStylePainter painter(this);
     const QStyleOptionGroupBox option = styleOption();
     painter.drawComplexControl(QStyle::CC_GroupBox, option);
-    const QRectF frame =
+    const QRect whole =
         style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxFrame, this);
+    // Without the caption, which stands above or on the frame: as far from the contents as below.
+    QRectF frame = whole;
+    frame.setTop(contentsRect().top() - (whole.bottom() - contentsRect().bottom()));
     QColor tint = palette().color(QPalette::Highlight);
     painter.setRenderHint(QPainter::Antialiasing);
     if (isDown() || (m_inviting && underMouse())) {

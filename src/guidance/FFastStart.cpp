@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include <algorithm>
+
 #include "ui_FFastStart.h"
 
 using namespace Qt::StringLiterals;
@@ -41,6 +43,12 @@ FFastStart::FFastStart(Program& program, Frame& frame, QWidget* parent)
     enlarge(m_ui->Label5, headingScale);
     m_ui->Image1->setIcon(picture(u"ImmNuovoBioritmo"_s), pictureSize);
     m_ui->Image2->setIcon(picture(u"ImmNuovoSistema"_s), pictureSize);
+    // The buttons beside the choices stand at the middle of their frames, below the captions.
+    m_ui->Frame1->ensurePolished();
+    const QMargins margins = m_ui->Frame1->contentsMargins();
+    const int captionHeight = std::max(0, margins.top() - margins.bottom());
+    m_ui->tourLayout1->setContentsMargins(0, captionHeight, 0, 0);
+    m_ui->tourLayout2->setContentsMargins(0, captionHeight, 0, 0);
     m_ui->Check1->setChecked(m_program.state.fastStart == u"TRUE"_s);
     connect(m_ui->Frame1, &QAbstractButton::clicked, this, [this] { choose(Command::mnuCalcola); });
     connect(m_ui->Frame2, &QAbstractButton::clicked, this,

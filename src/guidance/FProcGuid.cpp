@@ -22,7 +22,7 @@ constexpr QSize pictureSize(32, 32);
 /// The heading against the text below it.
 constexpr qreal headingScale = 1.25;
 /// The longest text, as it is read best. Characters and lines.
-constexpr int textColumns = 46;
+constexpr int textColumns = 54;
 constexpr int textLines = 5;
 
 const ToolInfo& toolOf(Command command) {
@@ -53,8 +53,8 @@ FProcGuid::FProcGuid(Program& program, Frame& frame, QWidget* parent)
     m_ui->Image1->setIcon({}, pictureSize);
     const QFontMetrics metrics(m_ui->Text1->font());
     const int border = 2 * (m_ui->Text1->frameWidth() + 4);
-    m_ui->Text1->setMinimumSize(textColumns * metrics.averageCharWidth() + border,
-                                textLines * metrics.lineSpacing() + border);
+    m_ui->Text1->setFixedSize(textColumns * metrics.averageCharWidth() + border,
+                              textLines * metrics.lineSpacing() + border);
     connect(m_ui->Command1, &QPushButton::clicked, this, &FProcGuid::next);
     // Nothing has been asked of the user yet, so the dialog for a new biorhythm can be closed.
     m_program.state.guidedStepDone = true;

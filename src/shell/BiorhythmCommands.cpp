@@ -58,6 +58,7 @@ FIns* MDIForm1::ensureBiorhythmEntry() {
     if (m_newBiorhythm == nullptr) {
         m_newBiorhythm = new FIns(m_program, *this, this);
         connect(m_newBiorhythm, &QDialog::finished, this, [this] {
+            m_newBiorhythm = nullptr; // it goes, and the next one may be wanted at once
             if (m_tour != nullptr) {
                 m_tour->entryFinished();
             }

@@ -37,8 +37,7 @@ const Step& lockNotice() {
 }
 
 const Step& lastStep() {
-    static const Step step{
-        .text = u"Grazie per l'attenzione!"_s, .picture = {}, .lock = locked()};
+    static const Step step{.text = u"Grazie per l'attenzione!"_s, .picture = {}, .lock = locked()};
     return step;
 }
 
@@ -258,9 +257,9 @@ void TestFProcGuid::endsWell() {
     QFETCH(int, number);
     QFETCH(int, steps);
     const std::array<std::function<void(FProcGuid*)>, 3> ways{
-        [](FProcGuid* window) { window->close(); },                       // its close box
+        [](FProcGuid* window) { window->close(); },                         // its close box
         [](FProcGuid* window) { QTest::keyClick(window, Qt::Key_Escape); }, //
-        [](FProcGuid* window) { delete window; },                         // the program's end
+        [](FProcGuid* window) { delete window; },                           // the program's end
     };
     for (std::size_t way = 0; way < ways.size(); ++way) {
         Fixture fixture(static_cast<std::uint8_t>(number));
@@ -275,7 +274,7 @@ void TestFProcGuid::endsWell() {
 }
 
 void TestFProcGuid::aRefusalEndsIt() {
-    for (const auto [number, steps] : {std::pair{1, 4}, std::pair{2, 3}}) {
+    for (const auto& [number, steps] : {std::pair{1, 4}, std::pair{2, 3}}) {
         Fixture fixture(static_cast<std::uint8_t>(number));
         fixture.frame.opensForTour = false;
         fixture.next(steps);

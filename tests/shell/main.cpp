@@ -13,5 +13,5 @@
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChildArrangement,
                quor::test::TestCommandLine, quor::test::TestEndRequests, quor::test::TestFIns,
-               quor::test::TestFolders, quor::test::TestMDIForm1,
-               quor::test::TestCommandStates, quor::test::TestGuide)
+               quor::test::TestFolders, quor::test::TestMDIForm1, quor::test::TestCommandStates,
+               quor::test::TestGuide)
