@@ -125,9 +125,14 @@ class GuideTestCase(ProgramTestCase):
         return node.get_role_name()
 
     def assert_usable(self, expected, when=None):
-        expected = tuple(expected)
-        poll(lambda: self.usable() == expected, 2)
-        self.assertEqual(self.usable(), expected, when)
+        seen = []
+
+        def is_expected():
+            seen[:] = self.usable()
+            return seen == list(expected)
+
+        poll(is_expected, 2)
+        self.assertEqual(seen, list(expected), when)
 
     # -- the tour's window ---------------------------------------------------
 
@@ -390,13 +395,13 @@ class TourTest(GuideTestCase):
         tour = self.start_tour(2)
         self.walk_to(tour, SECOND_TOUR, 5)
         program.click(program.window("Sistema corrente"))
-        program.key("Ctrl+F4")
+        program.key("Ctrl+W")
         box = program.message_box("Conferma")
         self.assertEqual(box.text, CLOSING_SYSTEM)
         box.press("No")
         self.assert_step(tour, SECOND_TOUR[4])
         program.click(program.window("Sistema corrente"))
-        program.key("Ctrl+F4")
+        program.key("Ctrl+W")
         program.message_box("Conferma").press("Sì")
         program.wait_gone(tour)
         self.assert_usable(WITHOUT_DATA)

@@ -456,8 +456,8 @@ void TestGuide::highlightedButtons() {
         QStringList keys;
         for (const ToolHighlight* frame : toolbar->findChildren<ToolHighlight*>()) {
             for (QAction* tool : toolbar->actions()) {
-                if (toolbar->widgetForAction(tool)->geometry() == frame->geometry() &&
-                    frame->isVisible()) {
+                if (tool->isVisible() && frame->isVisible() &&
+                    toolbar->widgetForAction(tool)->geometry() == frame->geometry()) {
                     keys << tool->objectName();
                 }
             }
