@@ -9,6 +9,7 @@ namespace quor {
 
 namespace {
 
+constexpr float lineOpacity = 0.35F;
 constexpr float hoverOpacity = 0.10F;
 constexpr float downOpacity = 0.25F;
 constexpr qreal cornerRadius = 3;
@@ -76,8 +77,15 @@ void ChoiceFrame::paintEvent(QPaintEvent* /*event*/) {
     // Without the caption, which stands above or on the frame: as far from the contents as below.
     QRectF frame = whole;
     frame.setTop(contentsRect().top() - (whole.bottom() - contentsRect().bottom()));
-    QColor tint = palette().color(QPalette::Highlight);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (m_inviting) {
+        QColor line = palette().color(QPalette::WindowText);
+        line.setAlphaF(lineOpacity);
+        painter.setPen(line);
+        painter.setBrush(palette().base());
+        painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
+    }
+    QColor tint = palette().color(QPalette::Highlight);
     if (isDown() || (m_inviting && underMouse())) {
         tint.setAlphaF(isDown() ? downOpacity : hoverOpacity);
         painter.setPen(Qt::NoPen);

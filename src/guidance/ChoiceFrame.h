@@ -8,7 +8,7 @@ namespace quor {
 /// and Space choose it.
 class ChoiceFrame : public QAbstractButton {
     Q_OBJECT
-    /// Lights up under the pointer.
+    /// Looks like something to click, and lights up under the pointer.
     Q_PROPERTY(bool inviting MEMBER m_inviting)
 
   public:

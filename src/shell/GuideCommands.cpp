@@ -32,6 +32,8 @@ void MDIForm1::showFastStart() {
     showChild(m_fastStart);
     if (isNew) {
         QWidget* window = m_fastStart->parentWidget();
+        // A small frame scrolls rather than hiding the choices.
+        window->resize(window->size().expandedTo(window->minimumSizeHint()));
         const QRect area = m_area->viewport()->rect();
         const QRect centred =
             QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, window->size(), area);

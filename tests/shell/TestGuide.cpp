@@ -145,6 +145,21 @@ void TestGuide::whenItGreets() {
     }
 }
 
+void TestGuide::inASmallFrame() {
+    Guided guided;
+    guided.frame.resize(420, 260);
+    QCoreApplication::processEvents();
+    guided.frame.run(Command::mnuProcedureGuidate);
+    QCoreApplication::processEvents();
+    const auto* window = guided.frame.findChild<FFastStart*>();
+    for (const QString& name : {u"Label1"_s, u"Label2"_s, u"Label3"_s, u"Image1"_s, u"Image2"_s}) {
+        const auto* control = window->findChild<QWidget*>(name);
+        QVERIFY2(control->parentWidget()->rect().contains(control->geometry()), qPrintable(name));
+    }
+    const QPoint corner = guided.area()->subWindowList().constFirst()->pos();
+    QVERIFY(corner.x() >= 0 && corner.y() >= 0);
+}
+
 void TestGuide::fromTheMenu() {
     QVERIFY(saveSetting(u"Options"_s, u"FastStart"_s, u"FALSE"_s));
     Guided guided;

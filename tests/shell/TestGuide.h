@@ -11,6 +11,7 @@ class TestGuide : public Test {
   private slots:
     void whenItGreets_data();
     void whenItGreets();
+    void inASmallFrame();
     void fromTheMenu();
     void firstTour();
     void secondTour();
