@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 
+class QStyleOptionGroupBox;
+
 namespace quor {
 
 /// A group box with a caption that is one big button: a click on it or on anything inside it, Enter
@@ -21,7 +23,7 @@ class ChoiceFrame : public QAbstractButton {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    [[nodiscard]] class QStyleOptionGroupBox styleOption() const;
+    [[nodiscard]] QStyleOptionGroupBox styleOption() const;
     void fitContents();
 
     bool m_inviting = true;

@@ -9,8 +9,8 @@ import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from harness import (Desktop, ProgramTestCase, children_of, extents_of, has_state,  # noqa: E402
-                     is_checked, is_enabled, is_showing, name_of, poll, settings_file, text_of,
-                     wait_for)
+                     is_checked, is_enabled, is_showing, name_of, plain, poll, role_of,
+                     settings_file, text_of, wait_for, walk)
 
 GREETING = "Quor Procedure guidate"
 TOUR = "Procedura guidata"
@@ -110,19 +110,13 @@ class GuideTestCase(ProgramTestCase):
         """The entries of the menus, and the toolbar's buttons, that can be chosen."""
         program = self.program
         entries = []
-        for menu in MENUS:
-            bar = program.find("menu bar")
-            entry = program.find(("menu item", "menu"), menu, bar)
-            if is_enabled(entry):
-                entries += [item.caption for item in program.menu_items(menu) if item.enabled]
-        toolbar = program.find("tool bar")
-        buttons = [tip for tip in (name_of(node) for node in children_of(toolbar)
-                                   if is_enabled(node) and "button" in self.role(node)) if tip]
-        return entries, buttons
-
-    @staticmethod
-    def role(node):
-        return node.get_role_name()
+        for menu in program.find_all("menu item", parent=program.find("menu bar")):
+            if is_enabled(menu):  # its entries can be read while it is closed
+                entries += [plain(name_of(node)) for node in walk(menu, showing=False)
+                            if role_of(node) == "menu item" and is_enabled(node)]
+        buttons = [name_of(node) for node in children_of(program.find("tool bar"))
+                   if role_of(node) == "push button" and is_enabled(node)]
+        return [entries, buttons]
 
     def assert_usable(self, expected, when=None):
         seen = []
@@ -280,6 +274,9 @@ class TourTest(GuideTestCase):
     def test_first_tour(self):
         program = self.program
         self.assert_usable(WITHOUT_DATA)
+        # The menus themselves say the same.
+        self.assertEqual([item.caption for menu in MENUS for item in program.menu_items(menu)
+                          if item.enabled], WITHOUT_DATA[0])
         tour = self.start_tour(1)
         # Beside what it talks about, not on it.
         toolbar_x, toolbar_y, toolbar_width, toolbar_height = extents_of(program.find("tool bar"))
