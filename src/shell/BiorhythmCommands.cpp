@@ -5,6 +5,7 @@
 #include "core/Clock.h"
 #include "core/DateEntry.h"
 #include "guidance/FOpt.h"
+#include "guidance/FProcGuid.h"
 #include "shell/FIns.h"
 #include "storage/BiorhythmFile.h"
 #include "system/FProj.h"
@@ -39,19 +40,31 @@ void MDIForm1::newBiorhythm() {
     if (!closedCurrent()) {
         return;
     }
-    if (m_newBiorhythm == nullptr) {
-        m_newBiorhythm = new FIns(m_program, *this, this);
+    if (m_program.state.guidedProcedureActive != 0) {
+        showBiorhythmEntry(); // a tour can be ended, by its window, beside it
+        return;
     }
-    m_newBiorhythm->open();
+    ensureBiorhythmEntry()->open();
 }
 
 void MDIForm1::showBiorhythmEntry() {
-    if (m_newBiorhythm == nullptr) {
-        m_newBiorhythm = new FIns(m_program, *this, this);
-    }
-    m_newBiorhythm->show();
+    ensureBiorhythmEntry()->show();
     m_newBiorhythm->raise();
     m_newBiorhythm->activateWindow();
+}
+
+/// The dialog for a new biorhythm; there is one at a time.
+FIns* MDIForm1::ensureBiorhythmEntry() {
+    if (m_newBiorhythm == nullptr) {
+        m_newBiorhythm = new FIns(m_program, *this, this);
+        connect(m_newBiorhythm, &QDialog::finished, this, [this] {
+            m_newBiorhythm = nullptr; // it goes, and the next one may be wanted at once
+            if (m_tour != nullptr) {
+                m_tour->entryFinished();
+            }
+        });
+    }
+    return m_newBiorhythm;
 }
 
 void MDIForm1::openBiorhythm() {

@@ -3,7 +3,9 @@
 #include "export/FEspBio.h"
 #include "export/FStampaBio.h"
 #include "guidance/FAbout.h"
+#include "guidance/FFastStart.h"
 #include "guidance/FOpt.h"
+#include "guidance/FProcGuid.h"
 #include "shell/ApplicationSetup.h"
 #include "shell/ChildArrangement.h"
 #include "shell/FIns.h"
@@ -62,6 +64,7 @@ MDIForm1::MDIForm1(Program& program, const QString& programFolder, QWidget* pare
     buildToolbar();
     buildStatusBar();
     buildPopup();
+    showCommandStates();
     resize(initialSize.boundedTo(screen()->availableSize()));
 
     const Folders folders = prepareFolders(programFolder);
@@ -70,26 +73,27 @@ MDIForm1::MDIForm1(Program& program, const QString& programFolder, QWidget* pare
     m_program.state.fastStart = readFastStart();
 }
 
-MDIForm1::~MDIForm1() = default;
+MDIForm1::~MDIForm1() {
+    m_ending = true;
+    delete m_tour; // it unlocks the commands
+}
 
 void MDIForm1::buildMenus() {
-    std::array<QMenu*, static_cast<std::size_t>(Menu::none)> menus{};
     for (const MenuInfo& info : menuTable()) {
         auto* menu = new QMenu(caption(info.caption), menuBar());
         menu->setObjectName(QString::fromLatin1(info.name));
         menuBar()->addMenu(menu);
-        menus.at(static_cast<std::size_t>(info.menu)) = menu;
+        m_menus.at(static_cast<std::size_t>(info.menu)) = menu;
     }
     for (const CommandInfo& info : commandTable()) {
         auto* action = new QAction(caption(info.caption), this);
         action->setObjectName(QString::fromLatin1(info.name));
         action->setMenuRole(QAction::NoRole);
-        action->setEnabled(info.needs == Needs::nothing);
         const Command command = info.command;
         connect(action, &QAction::triggered, this, [this, command] { run(command); });
         m_actions.at(static_cast<std::size_t>(command)) = action;
         if (info.menu != Menu::none) {
-            QMenu* menu = menus.at(static_cast<std::size_t>(info.menu));
+            QMenu* menu = m_menus.at(static_cast<std::size_t>(info.menu));
             if (info.startsGroup) {
                 menu->addSeparator();
             }
@@ -112,7 +116,6 @@ void MDIForm1::buildToolbar() {
         const QString key = QString::fromLatin1(info.key);
         tool = m_toolbar->addAction(picture(u"Imm"_s + key), caption(info.toolTip));
         tool->setObjectName(key);
-        tool->setEnabled(!info.startsDisabled);
         const Command command = info.command;
         connect(tool, &QAction::triggered, this, [this, command] { run(command); });
         if (command == Command::mnuOpzioni) {
@@ -176,6 +179,11 @@ void MDIForm1::start(const StartRequest& request) {
             openFile(QFileInfo(request.text).absoluteFilePath());
         } else {
             showError(this, u"Il file \"%1\" non esiste."_s.arg(request.text), u"Errore"_s);
+        }
+        break;
+    case StartMode::plain:
+        if (m_program.state.fastStart != u"FALSE"_s) {
+            showFastStart();
         }
         break;
     default:
@@ -264,6 +272,9 @@ void MDIForm1::run(Command command) {
     case Command::mnuHlpCompleto:
         ShowHelp(this, helpPath());
         break;
+    case Command::mnuProcedureGuidate:
+        showFastStart();
+        break;
     case Command::mnuAbout:
         (new FAbout(QString::fromLatin1(version()), this))->open();
         break;
@@ -287,18 +298,37 @@ void MDIForm1::run(Command command) {
 }
 
 void MDIForm1::setCommandEnabled(Command command, bool enabled) {
-    action(command)->setEnabled(enabled);
+    m_states.setCommandEnabled(command, enabled);
+    showCommandStates();
 }
 
 void MDIForm1::setMenuEnabled(Menu menu, bool enabled) {
-    const MenuInfo& info = menuTable()[static_cast<std::size_t>(menu)];
-    // The menu itself and not its entry in the bar, which forgets its state when the whole frame is
-    // disabled and enabled again.
-    menuBar()->findChild<QMenu*>(QString::fromLatin1(info.name))->setEnabled(enabled);
+    m_states.setMenuEnabled(menu, enabled);
+    showCommandStates();
 }
 
 void MDIForm1::setToolEnabled(int position, bool enabled) {
-    m_tools.at(static_cast<std::size_t>(position) - 1)->setEnabled(enabled);
+    m_states.setToolEnabled(position, enabled);
+    showCommandStates();
+}
+
+void MDIForm1::showCommandStates() {
+    for (const CommandInfo& info : commandTable()) {
+        action(info.command)->setEnabled(m_states.isCommandEnabled(info.command));
+    }
+    for (const ToolInfo& info : toolTable()) {
+        if (!info.isSeparator()) {
+            m_tools.at(static_cast<std::size_t>(info.position) - 1)
+                ->setEnabled(m_states.isToolEnabled(info.position));
+        }
+    }
+    for (const MenuInfo& info : menuTable()) {
+        // The menu itself and not its entry in the bar, which forgets its state when the whole
+        // frame is disabled and enabled again.
+        m_menus.at(static_cast<std::size_t>(info.menu))
+            ->setEnabled(m_states.isMenuEnabled(info.menu));
+    }
+    m_popup->findChild<QAction*>(u"mnuPopOpt"_s)->setEnabled(!m_states.isLocked());
 }
 
 void MDIForm1::setToolbarEnabled(bool enabled) {
@@ -398,6 +428,9 @@ void MDIForm1::quit() {
 
 void MDIForm1::end() {
     m_ending = true;
+    if (m_tour != nullptr) {
+        m_tour->close();
+    }
     emit ended();
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/Biorhythm.h"
 #include "shell/CommandLine.h"
+#include "shell/CommandStates.h"
 #include "toolkit/Dialogs.h"
 #include "toolkit/Frame.h"
 
@@ -9,6 +10,8 @@
 #include <QPointer>
 
 #include <array>
+#include <span>
+#include <vector>
 
 class QMdiArea;
 class QMdiSubWindow;
@@ -17,15 +20,18 @@ class QToolBar;
 namespace quor {
 
 class FEspBio;
+class FFastStart;
 class FGrph;
 class FGrphSet;
 class FIns;
 class FOpt;
 class FPrev;
+class FProcGuid;
 class FProj;
 class FStampaBio;
 class FStat;
 class StatusLabel;
+class ToolHighlight;
 
 /// The program's frame: menus, toolbar, status bar, and the views as windows inside it.
 class MDIForm1 : public QMainWindow, public Frame {
@@ -66,6 +72,10 @@ class MDIForm1 : public QMainWindow, public Frame {
     void showExport(const QString& caption) override;
     void showPrint(PrintMode mode) override;
     void showChild(ChildWindow* child) override;
+    void startTour(std::uint8_t number) override;
+    void lockCommands(const TourLock& lock) override;
+    void unlockCommands() override;
+    [[nodiscard]] bool openForTour(Command command) override;
     void showDayPopup(const DayPopup& popup, QPoint globalPosition) override;
 
   signals:
@@ -81,6 +91,9 @@ class MDIForm1 : public QMainWindow, public Frame {
     void buildStatusBar();
     void buildPopup();
     [[nodiscard]] QAction* action(Command command) const;
+
+    /// Enables what the states of the commands say.
+    void showCommandStates();
 
     void openFile(const QString& path);
     // The views of the current biorhythm and their options (BiorhythmViews.cpp).
@@ -108,6 +121,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void showCalculationDate();
     void offerToday();
     [[nodiscard]] bool closedCurrentBiorhythm();
+    FIns* ensureBiorhythmEntry();
 
     // The commands of the menu of systems (SystemCommands.cpp).
     void newSystem();
@@ -120,6 +134,12 @@ class MDIForm1 : public QMainWindow, public Frame {
     void closeExportAndPrint();
     void unlock();
 
+    // The fast-start window and the guided tours (GuideCommands.cpp).
+    void showFastStart();
+    [[nodiscard]] bool refusedByTour();
+    void tourEnded();
+    void highlight(std::span<const Command> commands);
+
     void quit();
     void end();
 
@@ -128,6 +148,8 @@ class MDIForm1 : public QMainWindow, public Frame {
     QToolBar* m_toolbar = nullptr;
     std::array<QAction*, commandCount> m_actions{};
     std::array<QAction*, 20> m_tools{};
+    std::array<QMenu*, static_cast<std::size_t>(Menu::none)> m_menus{};
+    CommandStates m_states;
     std::array<StatusLabel*, 3> m_panels{};
     QMenu* m_popup = nullptr; ///< mnuPopUp
     // Each view of the biorhythm exists once; null while it is closed.
@@ -140,6 +162,9 @@ class MDIForm1 : public QMainWindow, public Frame {
     QPointer<FOpt> m_options;
     QPointer<FEspBio> m_export;
     QPointer<FStampaBio> m_print;
+    QPointer<FFastStart> m_fastStart;
+    QPointer<FProcGuid> m_tour;
+    std::vector<ToolHighlight*> m_highlights; ///< of the tour's step
     /// The answer to the last question whether to close the biorhythm.
     Answer m_closeAnswer = Answer::yes;
     bool m_ending = false;

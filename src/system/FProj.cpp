@@ -144,19 +144,37 @@ void FProj::addMember(const QString& name) {
     m_ui->TreeView1->scrollTo(m_tree->index(m_tree->rowCount() - 1, 0));
 }
 
-/// What concerns the system as a whole, and removing.
 void FProj::enableSystemButtons(bool enabled) {
-    for (QWidget* button : std::initializer_list<QWidget*>{m_ui->Command4, m_ui->Command5,
-                                                           m_ui->Command6, m_ui->Command7}) {
-        button->setEnabled(enabled);
-    }
+    m_systemUsable = enabled;
+    showButtons();
 }
 
-/// Export and printing.
 void FProj::enableMemberButtons(bool enabled) {
-    for (QWidget* button : {m_ui->Command12, m_ui->Command13, m_ui->Command14, m_ui->Command15}) {
-        button->setEnabled(enabled);
-    }
+    m_memberUsable = enabled;
+    showButtons();
+}
+
+void FProj::setUsable(Usable usable) {
+    m_usable = usable;
+    showButtons();
+}
+
+void FProj::showButtons() {
+    using Widgets = std::initializer_list<QWidget*>;
+    const auto enable = [](const Widgets& widgets, bool enabled) {
+        for (QWidget* widget : widgets) {
+            widget->setEnabled(enabled);
+        }
+    };
+    const bool free = m_usable == Usable::everything;
+    enable({m_ui->Command1, m_ui->Command2}, m_usable != Usable::nothing);
+    enable({m_ui->Command4, m_ui->Command5, m_ui->Command6, m_ui->Command7},
+           free && m_systemUsable);
+    enable({m_ui->Command12, m_ui->Command13, m_ui->Command14, m_ui->Command15},
+           free && m_memberUsable);
+    enable({m_ui->Command3, m_ui->Command8, m_ui->Command9, m_ui->Command10, m_ui->Command11,
+            m_ui->TreeView1},
+           free);
 }
 
 QModelIndex FProj::selectedMember(const QString& purpose) {

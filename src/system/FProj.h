@@ -7,6 +7,7 @@
 #include <QModelIndex>
 #include <QPointer>
 
+#include <cstdint>
 #include <memory>
 
 class QAbstractButton;
@@ -48,6 +49,12 @@ class FProj : public ChildWindow {
     /// together with its title bar.
     void unlock();
 
+    /// What a guided tour leaves usable: everything, the two buttons that insert a member, or no
+    /// button. The window can be closed by its frame whatever is left.
+    enum class Usable : std::uint8_t { everything, insertion, nothing };
+    void setUsable(Usable usable);
+    [[nodiscard]] Usable usable() const { return m_usable; }
+
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
@@ -59,6 +66,7 @@ class FProj : public ChildWindow {
     void connectButtons();
     void enableSystemButtons(bool enabled);
     void enableMemberButtons(bool enabled);
+    void showButtons();
 
     /// The member that is selected; nothing after a message that ends in the given words when
     /// none is.
@@ -96,6 +104,10 @@ class FProj : public ChildWindow {
     std::unique_ptr<Ui::FProj> m_ui;
     SystemTreeModel* m_tree = nullptr;
     QPointer<ChildWindow> m_compatibility; ///< FComp while it is open
+    // What the members leave usable, and the tour.
+    bool m_systemUsable = false; ///< what concerns the system as a whole, and removing
+    bool m_memberUsable = false; ///< export and printing
+    Usable m_usable = Usable::everything;
 };
 
 } // namespace quor

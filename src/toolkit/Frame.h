@@ -6,6 +6,9 @@
 #include <QPoint>
 #include <QString>
 
+#include <cstdint>
+#include <span>
+
 class QWidget;
 
 namespace quor {
@@ -25,6 +28,17 @@ struct DayPopup {
     QString emotional;
     QString intellectual;
     QString mean;
+};
+
+/// What a step of a guided tour leaves of the program. The commands stand in tables that outlive
+/// it.
+struct TourLock {
+    /// Usable, from menu and toolbar alike, where they would be without the tour.
+    std::span<const Command> allowed = {};
+    /// Those whose toolbar buttons the step talks about: they are framed.
+    std::span<const Command> highlighted = {};
+    /// The two buttons of the system window that insert a member are usable.
+    bool insertMembers = false;
 };
 
 /// What a window may ask of the program's frame. Windows know the frame only by this class.
@@ -69,6 +83,18 @@ class Frame {
     /// Makes the window a child of the frame, or brings it to the front if it is one, and shows it.
     /// A window that closes is deleted.
     virtual void showChild(ChildWindow* child) = 0;
+
+    /// Starts a guided tour, unless one is running, which is said in a box.
+    /// @param number as in `AppState::guidedProcedureActive`, not 0
+    virtual void startTour(std::uint8_t number) = 0;
+    /// Leaves only what the lock allows usable, until the next lock or `unlockCommands`. Whatever
+    /// is enabled or disabled meanwhile shows when the lock is gone.
+    virtual void lockCommands(const TourLock& lock) = 0;
+    virtual void unlockCommands() = 0;
+    /// Opens the dialog for a new biorhythm or a new system (mnuCalcola, mnuNuovoSistema) for a
+    /// tour, which can be ended while it is open. False when the user has kept what would have had
+    /// to be closed first.
+    [[nodiscard]] virtual bool openForTour(Command command) = 0;
 
     virtual void showDayPopup(const DayPopup& popup, QPoint globalPosition) = 0;
 };

@@ -1292,6 +1292,11 @@ class FileDialog:
 # Test cases
 # --------------------------------------------------------------------------
 
+def settings_file(home):
+    """Where the program keeps its settings."""
+    return os.path.join(home, ".config", "quor.ini")
+
+
 class ProgramTestCase(unittest.TestCase):
     """A test that starts the program whose path QUOR_PROGRAM gives.
 
@@ -1308,10 +1313,20 @@ class ProgramTestCase(unittest.TestCase):
     def _failure_count(self):
         return len(self._result.failures) + len(self._result.errors)
 
-    def start_program(self, desktop, *arguments, **options):
-        """A Program; `options` are those of its constructor."""
+    def start_program(self, desktop, *arguments, first_start=False, **options):
+        """A Program; `options` are those of its constructor.
+
+        Its settings keep the fast-start window from greeting, unless there are
+        settings already, or none are wanted as at the `first_start`.
+        """
         path = os.environ.get("QUOR_PROGRAM")
         self.assertTrue(path, "QUOR_PROGRAM must give the path of the program")
+        options.setdefault("home", desktop.new_home())
+        settings = settings_file(options["home"])
+        if not first_start and not os.path.exists(settings):
+            os.makedirs(os.path.dirname(settings), exist_ok=True)
+            with open(settings, "w", encoding="utf-8") as file:
+                file.write("[Options]\nFastStart=FALSE\n")
         program = Program(desktop, [path, *arguments], **options)
         self.addCleanup(self._finish, program)
         return program

@@ -1,5 +1,7 @@
 #include "TestFAbout.h"
+#include "TestFFastStart.h"
 #include "TestFOpt.h"
+#include "TestFProcGuid.h"
 #include "TestHelpKey.h"
 #include "TestHelpPages.h"
 #include "TestHelpService.h"
@@ -9,4 +11,5 @@
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestHelpPages, quor::test::TestHelpService,
-               quor::test::TestHelpKey, quor::test::TestFAbout, quor::test::TestFOpt)
+               quor::test::TestHelpKey, quor::test::TestFAbout, quor::test::TestFOpt,
+               quor::test::TestFFastStart, quor::test::TestFProcGuid)

@@ -1,10 +1,12 @@
 #include "shell/TestBiorhythmViews.h"
 #include "shell/TestChildArrangement.h"
 #include "shell/TestCommandLine.h"
+#include "shell/TestCommandStates.h"
 #include "shell/TestEndRequests.h"
 #include "shell/TestExportCommands.h"
 #include "shell/TestFIns.h"
 #include "shell/TestFolders.h"
+#include "shell/TestGuide.h"
 #include "shell/TestMDIForm1.h"
 #include "shell/TestSystemCommands.h"
 #include "support/Hermetic.h"
@@ -12,6 +14,7 @@
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChildArrangement,
-               quor::test::TestCommandLine, quor::test::TestEndRequests,
-               quor::test::TestExportCommands, quor::test::TestFIns, quor::test::TestFolders,
-               quor::test::TestMDIForm1, quor::test::TestSystemCommands)
+               quor::test::TestCommandLine, quor::test::TestCommandStates,
+               quor::test::TestEndRequests, quor::test::TestExportCommands, quor::test::TestFIns,
+               quor::test::TestFolders, quor::test::TestGuide, quor::test::TestMDIForm1,
+               quor::test::TestSystemCommands)

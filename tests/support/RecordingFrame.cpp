@@ -14,6 +14,14 @@ QString onOff(bool enabled) {
     return enabled ? u"on"_s : u"off"_s;
 }
 
+QString names(std::span<const Command> commands) {
+    QStringList texts;
+    for (const Command command : commands) {
+        texts << name(command);
+    }
+    return texts.join(u' ');
+}
+
 } // namespace
 
 void RecordingFrame::run(Command command) {
@@ -64,6 +72,24 @@ void RecordingFrame::showPrint(PrintMode mode) {
 void RecordingFrame::showChild(ChildWindow* child) {
     calls << u"show "_s + child->windowTitle();
     shown.push_back(child);
+}
+
+void RecordingFrame::startTour(std::uint8_t number) {
+    calls << u"tour %1"_s.arg(number);
+}
+
+void RecordingFrame::lockCommands(const TourLock& lock) {
+    calls << u"lock [%1] [%2]%3"_s.arg(names(lock.allowed), names(lock.highlighted),
+                                       lock.insertMembers ? u" members"_s : QString());
+}
+
+void RecordingFrame::unlockCommands() {
+    calls << u"unlock"_s;
+}
+
+bool RecordingFrame::openForTour(Command command) {
+    calls << u"open "_s + name(command);
+    return opensForTour;
 }
 
 void RecordingFrame::showDayPopup(const DayPopup& popup, QPoint /*globalPosition*/) {

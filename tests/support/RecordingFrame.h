@@ -24,11 +24,16 @@ class RecordingFrame : public Frame {
     void showExport(const QString& caption) override;
     void showPrint(PrintMode mode) override;
     void showChild(ChildWindow* child) override;
+    void startTour(std::uint8_t number) override;
+    void lockCommands(const TourLock& lock) override;
+    void unlockCommands() override;
+    [[nodiscard]] bool openForTour(Command command) override;
     void showDayPopup(const DayPopup& popup, QPoint globalPosition) override;
 
     /// One line for each call, in order: "run mnuCalcola", "apply", "panel 1 Nome: Maria".
     QStringList calls;
     std::vector<DayPopup> popups;
+    bool opensForTour = true; ///< what `openForTour` answers
     std::vector<ChildWindow*> shown;
 };
 

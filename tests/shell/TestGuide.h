@@ -1,0 +1,32 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+/// The fast-start window and the guided tours in the frame.
+class TestGuide : public Test {
+    Q_OBJECT
+
+  private slots:
+    void whenItGreets_data();
+    void whenItGreets();
+    void inASmallFrame();
+    void fromTheMenu();
+    void firstTour();
+    void secondTour();
+    void theOpenPersonIsClosedFirst();
+    void theOpenSystemIsClosedFirst();
+    void aKeptPersonEndsTheTour();
+    void aKeptSystemEndsTheTour();
+    void closingTheSystemEndsTheTour();
+    void endingWhileThePersonIsEntered();
+    void theSystemsEntryIsNotHeld();
+    void quittingEndsTheTour();
+    void aRefusedQuitDoesNot();
+    void theProgramsEnd();
+    void onlyOneTour();
+    void highlightedButtons();
+};
+
+} // namespace quor::test
