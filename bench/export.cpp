@@ -168,7 +168,7 @@ int main(int argc, char** argv) {
             QFile::remove(path);
         }
         for (const auto& picture : person.pictures) {
-            QFile::remove(picture.second);
+            QFile::remove(picture.path);
         }
     }
     std::printf("quor/bare %.3f (%.2f and %.2f ms of processor time a person)\n",

@@ -42,10 +42,9 @@ void TestExportPictures::sizes() {
 
 void TestExportPictures::weekSizes() {
     const auto sizes = [](QSize exportSize) {
-        std::vector<QSize> found;
-        for (const WeekRow row : weekRows) {
-            found.push_back(weekPictureSize(row, exportSize));
-        }
+        std::vector<QSize> found(weekRows.size());
+        std::transform(weekRows.begin(), weekRows.end(), found.begin(),
+                       [exportSize](WeekRow row) { return weekPictureSize(row, exportSize); });
         return found;
     };
     const auto oneAndThree = [](QSize mean, QSize cycle) {

@@ -26,8 +26,9 @@ constexpr double fontStep = 0.5;
 /// A font and smaller ones of it, down to the smallest.
 std::vector<QFont> sizesOf(const QFont& font) {
     std::vector<QFont> fonts{font};
-    for (double size = QFontInfo(font).pointSizeF() - fontStep; size >= smallestFont;
-         size -= fontStep) {
+    double size = QFontInfo(font).pointSizeF();
+    while (size - fontStep >= smallestFont) {
+        size -= fontStep;
         fonts.push_back(font);
         fonts.back().setPointSizeF(size);
     }
