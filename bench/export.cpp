@@ -65,15 +65,21 @@ ExportRequest everything(const QString& folder, QSize size) {
             .pictureSize = size};
 }
 
+struct BarePicture {
+    Bare drawing;
+    QSize size;
+    QString path;
+};
+
 /// One person's files, all that can be known of them known.
 struct BarePerson {
-    std::vector<std::pair<Bare, QString>> pictures;
+    std::vector<BarePicture> pictures;
     QByteArray page;
     QString pagePath;
 };
 
-bool save(const BarePerson& person, QSize size) {
-    for (const auto& [drawing, path] : person.pictures) {
+bool save(const BarePerson& person) {
+    for (const auto& [drawing, size, path] : person.pictures) {
         QImage image(size, QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
@@ -133,24 +139,26 @@ int main(int argc, char** argv) {
         BarePerson person;
         const auto add = [&](const ExportPicture& picture, qsizetype product) {
             QString path = paths.at(product);
-            person.pictures.emplace_back(Bare(picture.drawing, picture.font),
-                                         path.replace(quorFolder.path(), bareFolder.path()));
+            person.pictures.push_back({.drawing = Bare(picture.drawing, picture.font),
+                                       .size = picture.size,
+                                       .path = path.replace(quorFolder.path(), bareFolder.path())});
         };
         add(graphPicture(program.biorhythm, size), 0);
         for (const WeekRow row : weekRows) {
-            add(weekPicture(program.biorhythm, row, size), 1 + static_cast<qsizetype>(row));
+            add(weekPicture(program.biorhythm, row, weekPictureSize(row, size)),
+                1 + static_cast<qsizetype>(row));
         }
         person.page = readFile(paths.constLast());
         person.pagePath = bareFolder.filePath(u"page%1.html"_s.arg(run.done()));
         begin = processorSeconds();
-        if (!save(person, size)) {
+        if (!save(person)) {
             std::fputs("bench_export: the bare loop cannot write\n", stderr);
             return 1;
         }
         bareTime += processorSeconds() - begin;
 
         for (qsizetype product = 0; product < productsOfAPerson - 1; ++product) {
-            const auto& bare = person.pictures.at(static_cast<std::size_t>(product)).second;
+            const auto& bare = person.pictures.at(static_cast<std::size_t>(product)).path;
             if (QImage(bare) != QImage(paths.at(product))) {
                 std::fprintf(stderr, "bench_export: %s differs\n", qPrintable(bare));
                 return 1;
@@ -160,7 +168,7 @@ int main(int argc, char** argv) {
             QFile::remove(path);
         }
         for (const auto& picture : person.pictures) {
-            QFile::remove(picture.second);
+            QFile::remove(picture.path);
         }
     }
     std::printf("quor/bare %.3f (%.2f and %.2f ms of processor time a person)\n",

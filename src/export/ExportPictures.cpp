@@ -20,6 +20,19 @@ constexpr double twipsPerPixel = 15;
 constexpr int largestFont = 13;
 constexpr int smallestFont = 8;
 
+/// Pixels of the summary page: the border around each picture, and what a table has within and
+/// between its cells where a page says nothing.
+constexpr int pictureBorder = 1;
+constexpr int cellPadding = 1;
+constexpr int cellSpacing = 2;
+
+/// The weekly pictures beside each other.
+constexpr int cycles = 3;
+
+/// Of the graph's height. With a quarter each for the two rows, the whole page for print comes out
+/// on one sheet of A4.
+constexpr double weekHeight = 0.25;
+
 /// The font of all pictures, without what a desktop may choose for its own texts.
 QFont pictureFont(int pixels) {
     QFont font(u"DejaVu Sans"_s);
@@ -31,38 +44,20 @@ QFont pictureFont(int pixels) {
     return font;
 }
 
+/// The fonts to choose from, largest first.
+std::vector<QFont> pictureFonts() {
+    std::vector<QFont> fonts;
+    for (int pixels = largestFont; pixels >= smallestFont; --pixels) {
+        fonts.push_back(pictureFont(pixels));
+    }
+    return fonts;
+}
+
 /// The largest font with which the texts of a picture keep clear of each other, or the smallest.
 template<typename Fits> QFont largestFitting(const Fits& fits) {
-    for (int pixels = largestFont; pixels > smallestFont; --pixels) {
-        const QFont font = pictureFont(pixels);
-        if (fits(font)) {
-            return font;
-        }
-    }
-    return pictureFont(smallestFont);
-}
-
-int labelWidth(const QFont& font, WeekRow row) {
-    QFont bold = font;
-    bold.setBold(true);
-    return QFontMetrics(bold).horizontalAdvance(rowLabel(row));
-}
-
-/// The sizes of a row's texts. The label is the longest of the four, so that all rows come to one
-/// font.
-WeekTextSizes measure(const QFont& font, const QLocale& locale) {
-    const QFontMetrics metrics(font);
-    WeekTextSizes sizes;
-    sizes.height = metrics.height();
-    for (const WeekRow row : weekRows) {
-        sizes.label = std::max(sizes.label, labelWidth(font, row));
-    }
-    int weekday = 1;
-    for (int& width : sizes.names) {
-        width = metrics.horizontalAdvance(weekdayName(weekday, locale));
-        ++weekday;
-    }
-    return sizes;
+    const std::vector<QFont> fonts = pictureFonts();
+    const auto found = std::find_if(fonts.begin(), fonts.end(), fits);
+    return found == fonts.end() ? fonts.back() : *found;
 }
 
 } // namespace
@@ -94,6 +89,19 @@ QSize pictureSize(PageVariant variant, const Twips& surface) {
         .expandedTo({0, 0});
 }
 
+QSize weekPictureSize(WeekRow row, QSize exportSize) {
+    // A cell is larger than its picture by border and padding; the table has spacing between its
+    // cells and on both sides. The graph's picture and this table stand in cells of one width.
+    constexpr int aroundPicture = 2 * (pictureBorder + cellPadding);
+    const int room = exportSize.width() + 2 * pictureBorder;
+    const int cycle = (room - cycles * aroundPicture - (cycles + 1) * cellSpacing) / cycles;
+    if (cycle <= 0) {
+        return {0, 0};
+    }
+    const int mean = cycles * cycle + (cycles - 1) * (aroundPicture + cellSpacing);
+    return {row == WeekRow::mean ? mean : cycle, toPixel(exportSize.height() * weekHeight)};
+}
+
 ExportPicture graphPicture(const Biorhythm& biorhythm, QSize size, const QLocale& locale) {
     const GraphOptions options = graphOptions(biorhythm);
     const GraphPlot plot = layOutGraph(size, daysAround(options.graphDaysAdjust));
@@ -115,14 +123,14 @@ ExportPicture weekPicture(const Biorhythm& biorhythm, WeekRow row, QSize size,
                           const QLocale& locale) {
     const Week week = weekOf(biorhythm);
     const WeekPlot plot = layOutWeek(size);
-    const QFont font = largestFitting([&plot, &locale](const QFont& candidate) {
-        return textsFit(plot, measure(candidate, locale));
-    });
+    const WeekTexts texts = layOutTexts(plot, pictureFonts(), locale);
     const WeekStyle style{.colours = weeklyColours(biorhythm),
                           .weekday = week.weekday,
-                          .labelWidth = labelWidth(font, row)};
+                          .labelWidth = labelWidth(texts.font, row),
+                          .labelDrop = texts.labelDrop,
+                          .names = texts.names};
     return {.drawing = drawWeekRow(week.weekStartDayCount, row, plot, style, locale),
-            .font = font,
+            .font = texts.font,
             .size = size};
 }
 

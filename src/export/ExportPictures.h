@@ -30,11 +30,20 @@ struct Twips {
 [[nodiscard]] Twips defaultScreen();
 [[nodiscard]] Twips defaultPaper();
 
-/// The size of each picture: for the screen 80% of the screen's width less 200 twips by 60% of its
-/// height less 200, for print 80% of the page's width by 40% of its height.
+/// The size of an export, which is that of the graph's picture: for the screen 80% of the screen's
+/// width less 200 twips by 60% of its height less 200, for print 80% of the page's width by 40% of
+/// its height.
 /// @param surface the screen or the page, as the variant asks
 /// @return pixels; nothing of a picture is left of a surface that is too small
 [[nodiscard]] QSize pictureSize(PageVariant variant, const Twips& surface);
+
+/// The size of a weekly picture. The page lays them out, beneath the graph's picture, with the
+/// three cycles beside each other and the mean below them: so does this, with all borders, padding
+/// and spacing of the page inside the width of the graph's picture and the mean as wide as the
+/// three.
+/// @param exportSize see `pictureSize`
+/// @return pixels; nothing where the width does not hold three
+[[nodiscard]] QSize weekPictureSize(WeekRow row, QSize exportSize);
 
 /// A drawing with the font that it is made for.
 struct ExportPicture {
@@ -47,7 +56,8 @@ struct ExportPicture {
 [[nodiscard]] ExportPicture graphPicture(const Biorhythm& biorhythm, QSize size,
                                          const QLocale& locale = QLocale());
 
-/// One row of the record's weekly state.
+/// One row of the record's weekly state. In a narrow picture the label stands below the names of
+/// the weekdays instead of between them, and in a very narrow one the names are letters.
 [[nodiscard]] ExportPicture weekPicture(const Biorhythm& biorhythm, WeekRow row, QSize size,
                                         const QLocale& locale = QLocale());
 

@@ -123,8 +123,9 @@ ExportResult ExportRun::exportGraph() const {
 
 ExportResult ExportRun::exportWeek(WeekRow row) const {
     const Biorhythm& biorhythm = m_program.biorhythm;
-    return pictureResult(weekPicture(biorhythm, row, m_request.pictureSize),
-                         weekFile(m_pathPrefix, row), u"Stato settimanale di "_s + biorhythm.name);
+    const QSize size = weekPictureSize(row, m_request.pictureSize);
+    return pictureResult(weekPicture(biorhythm, row, size), weekFile(m_pathPrefix, row),
+                         u"Stato settimanale di "_s + biorhythm.name);
 }
 
 ExportResult ExportRun::exportPage() const {

@@ -20,7 +20,7 @@ struct ExportRequest {
     PageVariant variant = PageVariant::screen;
     ExportScope scope = ExportScope::person;
     QString folder;
-    QSize pictureSize; ///< pixels
+    QSize pictureSize; ///< pixels, of the graph; the weekly pictures share it
 };
 
 /// One product after it was attempted.

@@ -76,8 +76,10 @@ void TestExportBatch::forPrint() {
     QCOMPARE(batch.run({.file = batch.person(), .outputFolder = out, .forPrint = true, .date = {}}),
              0);
     QCOMPARE(batch.files(u"out"_s).filter(u"Anna_15-03-2004_stampa_"_s).size(), 6);
-    QCOMPARE(QImage(out + u"/Anna_15-03-2004_stampa_StatoSettimana0.png"_s).size(),
-             QSize(635, 449));
+    const QString prefix = out + u"/Anna_15-03-2004_stampa_"_s;
+    QCOMPARE(QImage(prefix + u"grafico.png"_s).size(), QSize(635, 449));
+    QCOMPARE(QImage(prefix + u"StatoSettimana0.png"_s).size(), QSize(627, 112));
+    QCOMPARE(QImage(prefix + u"StatoSettimana1.png"_s).size(), QSize(205, 112));
 }
 
 void TestExportBatch::anotherDate() {

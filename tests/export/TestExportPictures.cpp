@@ -40,6 +40,36 @@ void TestExportPictures::sizes() {
     QCOMPARE(pictureSize(PageVariant::print, fromPixels({0, 0})), QSize(0, 0));
 }
 
+void TestExportPictures::weekSizes() {
+    const auto sizes = [](QSize exportSize) {
+        std::vector<QSize> found(weekRows.size());
+        std::transform(weekRows.begin(), weekRows.end(), found.begin(),
+                       [exportSize](WeekRow row) { return weekPictureSize(row, exportSize); });
+        return found;
+    };
+    const auto oneAndThree = [](QSize mean, QSize cycle) {
+        return std::vector<QSize>{mean, cycle, cycle, cycle};
+    };
+    QCOMPARE(sizes({1523, 635}), oneAndThree({1515, 159}, {501, 159}));
+    QCOMPARE(sizes({635, 449}), oneAndThree({627, 112}, {205, 112}));
+    QCOMPARE(sizes({627, 347}), oneAndThree({621, 87}, {203, 87})); // a screen of 800 by 600
+    QCOMPARE(sizes({21, 10}), oneAndThree({15, 2}, {1, 2}));
+    QCOMPARE(sizes({20, 300}), std::vector<QSize>(4, QSize(0, 0)));
+    QCOMPARE(sizes({0, 0}), std::vector<QSize>(4, QSize(0, 0)));
+}
+
+void TestExportPictures::weekIsNoWiderThanTheGraph() {
+    for (int width = 21; width < 4000; ++width) {
+        const int cycle = weekPictureSize(WeekRow::physical, {width, 300}).width();
+        const int mean = weekPictureSize(WeekRow::mean, {width, 300}).width();
+        // Each with 1 of border and 1 of padding on both sides; 2 before, between and after cells.
+        const int graph = width + 4;
+        const int three = 3 * (cycle + 4) + 4 * 2 + 2;
+        QVERIFY(three <= graph && graph < three + 3);
+        QCOMPARE(mean + 4, 3 * (cycle + 4) + 2 * 2);
+    }
+}
+
 void TestExportPictures::graphTakesTheRecord() {
     Biorhythm biorhythm = person();
     const QSize size(800, 300);
@@ -72,13 +102,13 @@ void TestExportPictures::weekTakesTheRecord() {
     biorhythm.weeklyColours = {1, 2, 3, 0};
     const std::int32_t monday = dayCount(biorhythm.birthDate, toDateValue(QDate(2004, 3, 8)));
     for (const WeekRow row : weekRows) {
-        const ExportPicture picture = weekPicture(biorhythm, row, {1000, 400});
+        const ExportPicture picture = weekPicture(biorhythm, row, {1500, 400});
         QFont bold = picture.font;
         bold.setBold(true);
         const WeekStyle style{.colours = {1, 2, 3},
                               .weekday = 7,
                               .labelWidth = QFontMetrics(bold).horizontalAdvance(rowLabel(row))};
-        QCOMPARE(picture.drawing, drawWeekRow(monday, row, layOutWeek({1000, 400}), style));
+        QCOMPARE(picture.drawing, drawWeekRow(monday, row, layOutWeek({1500, 400}), style));
     }
 }
 
@@ -94,6 +124,26 @@ void TestExportPictures::fontsFitTheirPicture() {
         QCOMPARE(weekPicture(biorhythm, row, {900, 300}).font,
                  weekPicture(biorhythm, WeekRow::mean, {900, 300}).font);
     }
+}
+
+void TestExportPictures::narrowPicturesHaveTwoLines() {
+    const Biorhythm biorhythm = person();
+    // Whether the label stands below the names, on a line of its own inside the picture.
+    const auto isBelow = [&biorhythm](QSize exportSize, WeekRow row) {
+        const QSize size = weekPictureSize(row, exportSize);
+        const ExportPicture picture = weekPicture(biorhythm, row, size);
+        // After the bars the label, the zero line, a day's line, Monday's name.
+        const int label = std::get<Text>(picture.drawing.primitives.at(14)).topLeft.y();
+        const int name = std::get<Text>(picture.drawing.primitives.at(17)).topLeft.y();
+        const int line = QFontMetrics(picture.font).height();
+        return label >= name + line && label + line <= size.height();
+    };
+    for (const QSize size : {QSize(1523, 635), QSize(635, 449), QSize(627, 347)}) {
+        for (const WeekRow row : {WeekRow::physical, WeekRow::emotional, WeekRow::intellectual}) {
+            QVERIFY(isBelow(size, row));
+        }
+    }
+    QVERIFY(!isBelow({1523, 635}, WeekRow::mean));
 }
 
 } // namespace quor::test

@@ -9,9 +9,12 @@ class TestExportPictures : public Test {
 
   private slots:
     void sizes();
+    void weekSizes();
+    void weekIsNoWiderThanTheGraph();
     void graphTakesTheRecord();
     void weekTakesTheRecord();
     void fontsFitTheirPicture();
+    void narrowPicturesHaveTwoLines();
 };
 
 } // namespace quor::test

@@ -132,6 +132,12 @@ void TestExportRun::wholeSystem() {
     const QStringList files = filesIn(folder);
     QCOMPARE(files.size(), 12);
     QVERIFY(files.contains(u"_Bruno_15-03-2004_StatoSettimana3.png"_s));
+    // Three beside each other, and the mean below them.
+    QCOMPARE(QImage(results[0].path).size(), size);
+    QCOMPARE(QImage(results[1].path).size(), QSize(54, 10));
+    for (std::size_t row = 2; row < 5; ++row) {
+        QCOMPARE(QImage(results[row].path).size(), QSize(14, 10));
+    }
     QVERIFY(files.contains(u"_Carla_15-03-2004_grafico.png"_s));
 }
 

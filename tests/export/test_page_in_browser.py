@@ -55,18 +55,69 @@ PROBE = (
 )
 
 
-def dump(chromium: str, page: pathlib.Path, profile: str) -> str:
+# Where the pictures are, and how wide the tables: that of the person, of the graph, of the week.
+LAYOUT = (
+    b"<SCRIPT>addEventListener('load', function () {"
+    b"var places = Array.from(document.images, function (image) {"
+    b"var box = image.getBoundingClientRect();"
+    b"return [box.left, box.top, box.right, box.bottom].map(Math.round); });"
+    b"var tables = Array.from(document.querySelectorAll('TABLE.c1'),"
+    b"function (table) { return table.offsetWidth; });"
+    b"document.body.setAttribute('data-layout', JSON.stringify([places, tables]));"
+    b"});</SCRIPT></BODY>"
+)
+
+
+def dump(chromium: str, page: pathlib.Path, profile: str, window: str = "800,600") -> str:
     done = subprocess.run(
         [
             chromium, "--headless", "--no-sandbox", "--disable-gpu", "--disable-quic",
             "--no-first-run", "--disable-background-networking", "--disable-component-update",
             "--disable-sync", "--disable-dev-shm-usage", f"--user-data-dir={profile}",
-            "--dump-dom", page.as_uri(),
+            f"--window-size={window}", "--dump-dom", page.as_uri(),
         ],
         capture_output=True, timeout=120, check=True,
         env={**os.environ, "HOME": profile, "LANG": "it_IT.UTF-8"},
     )  # fmt: skip
     return done.stdout.decode()
+
+
+def layout_faults(driver: str, chromium: str) -> int:
+    """Pages with pictures of their real sizes, in a window that is too narrow for them: a table is
+    then as wide as its pictures need. That of the week must not need more than that of the graph.
+    """
+    faults = 0
+    for size, for_print in (([1523, 635], False), ([635, 449], True), ([627, 347], False)):
+        with tempfile.TemporaryDirectory() as folder:
+            root = pathlib.Path(folder)
+            case = {"folder": folder, "name": "Anna", "birth": "1981-12-25",
+                    "calculation": "2026-11-20", "print": for_print}  # fmt: skip
+            (root / "cases.json").write_text(
+                json.dumps({"today": "2026-11-21", "size": size, "cases": [case]})
+            )
+            subprocess.run([driver, root / "cases.json"], check=True)
+            page = next(root.glob("*Riepilogo.html"))
+            page.write_bytes(page.read_bytes().replace(b"</BODY>", LAYOUT))
+            with tempfile.TemporaryDirectory() as profile:
+                dom = dump(chromium, page, profile, "500,400")
+        found = re.search(r'data-layout="([^"]*)"', dom)
+        (graph, *cycles, mean), (_, graph_table, week_table) = json.loads(
+            html.unescape(found.group(1))
+        )
+        print(f"{size}: tables {graph_table} and {week_table}, cycles {cycles}, mean {mean}")
+        left, right = cycles[0][0], cycles[2][2]
+        good = (
+            graph_table == size[0] + 10  # else the window was too wide to tell
+            and graph_table - 3 < week_table <= graph_table
+            and len({(top, bottom) for _, top, _, bottom in cycles}) == 1
+            and mean[1] > cycles[0][3]
+            and (mean[0], mean[2]) == (left, right)
+            and graph[0] <= left and right <= graph[2]
+        )  # fmt: skip
+        if not good:
+            print("  ** wrong")
+            faults += 1
+    return faults
 
 
 def main(driver: str, chromium: str) -> int:
@@ -107,9 +158,10 @@ def main(driver: str, chromium: str) -> int:
             shown = html.unescape(re.search(r"<b>Nome: </b>(.*?)</td>", dom, re.S).group(1))
             widths = found.group(1) if found else "nothing"
             print(f"{widths:25} {case['name'][:30]!r} shown as {shown[:40]!r}")
-            if widths != ",".join(["120"] * 5):
+            if widths != "120,34,34,34,114":
                 print("  ** wrong")
                 faults += 1
+    faults += layout_faults(driver, chromium)
     print(f"{len(cases)} pages, {faults} faults")
     return 1 if faults or not cases else 0
 

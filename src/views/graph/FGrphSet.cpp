@@ -23,20 +23,16 @@ namespace {
 constexpr double smallestFont = 6;
 constexpr double fontStep = 0.5;
 
-/// The sizes of a row's texts in the picture's font. The label is the longest of the four, so that
-/// all rows come to one font.
-WeekTextSizes measure(const PictureBox& picture) {
-    WeekTextSizes sizes;
-    sizes.height = picture.textHeight();
-    for (const WeekRow row : weekRows) {
-        sizes.label = std::max(sizes.label, picture.textWidth(rowLabel(row), true));
+/// A font and smaller ones of it, down to the smallest.
+std::vector<QFont> sizesOf(const QFont& font) {
+    std::vector<QFont> fonts{font};
+    double size = QFontInfo(font).pointSizeF();
+    while (size - fontStep >= smallestFont) {
+        size -= fontStep;
+        fonts.push_back(font);
+        fonts.back().setPointSizeF(size);
     }
-    int weekday = 1;
-    for (int& width : sizes.names) {
-        width = picture.textWidth(weekdayName(weekday));
-        ++weekday;
-    }
-    return sizes;
+    return fonts;
 }
 
 void giveOneWidth(std::initializer_list<QWidget*> widgets) {
@@ -118,24 +114,14 @@ void FGrphSet::redraw() {
 void FGrphSet::redrawRow(WeekRow row) {
     PictureBox* box = picture(row);
     const WeekPlot plot = layOutWeek(box->size());
-    fitFont(box, plot);
+    const WeekTexts texts = layOutTexts(plot, sizesOf(font()));
+    box->setFont(texts.font);
     const WeekStyle style{.colours = m_colours,
                           .weekday = m_week.weekday,
-                          .labelWidth = box->textWidth(rowLabel(row), true)};
+                          .labelWidth = labelWidth(texts.font, row),
+                          .labelDrop = texts.labelDrop,
+                          .names = texts.names};
     box->setDrawing(drawWeekRow(m_week.weekStartDayCount, row, plot, style));
-}
-
-/// Gives a picture the window's font, or the largest smaller one in which the label and the names
-/// of the weekdays do not run into each other.
-void FGrphSet::fitFont(PictureBox* picture, const WeekPlot& plot) const {
-    picture->setFont(font());
-    double size = QFontInfo(font()).pointSizeF();
-    while (!textsFit(plot, measure(*picture)) && size - fontStep >= smallestFont) {
-        size -= fontStep;
-        QFont smaller = font();
-        smaller.setPointSizeF(size);
-        picture->setFont(smaller);
-    }
 }
 
 /// Each label of the legend wears the colour that it explains.

@@ -12,7 +12,6 @@ class QLabel;
 namespace quor {
 
 class PictureBox;
-struct WeekPlot;
 
 namespace Ui {
 class FGrphSet;
@@ -47,7 +46,6 @@ class FGrphSet : public ChildWindow {
     [[nodiscard]] PictureBox* picture(WeekRow row) const;
     void redraw();
     void redrawRow(WeekRow row);
-    void fitFont(PictureBox* picture, const WeekPlot& plot) const;
     void colourLegend();
     void alignWidths();
 

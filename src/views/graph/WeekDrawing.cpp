@@ -1,5 +1,9 @@
 #include "views/graph/WeekDrawing.h"
 
+#include <QFontMetrics>
+
+#include <algorithm>
+
 namespace quor {
 
 namespace {
@@ -27,9 +31,9 @@ class WeekArtist {
     }
 
     void drawLabel(const QString& label) {
-        m_drawing.add(Text{.topLeft = {labelLeft(m_plot, m_style.labelWidth), m_plot.bottom()},
-                           .text = label,
-                           .bold = true});
+        const QPoint topLeft(labelLeft(m_plot, m_style.labelWidth),
+                             m_plot.bottom() + m_style.labelDrop);
+        m_drawing.add(Text{.topLeft = topLeft, .text = label, .bold = true});
     }
 
     void drawGrid(const QLocale& locale) {
@@ -39,8 +43,8 @@ class WeekArtist {
             m_drawing.add(Line{.from = {x, m_plot.top()},
                                .to = {x, m_plot.bottom()},
                                .stroke = {.colour = gridGrey, .width = 1}});
-            m_drawing.add(
-                Text{.topLeft = {x, m_plot.bottom()}, .text = weekdayName(day + 1, locale)});
+            m_drawing.add(Text{.topLeft = {x, m_plot.bottom()},
+                               .text = weekdayName(day + 1, locale, m_style.names)});
         }
         drawHorizontal(m_plot.top(), 2);
         drawHorizontal(m_plot.bottom(), 2);
@@ -64,6 +68,21 @@ class WeekArtist {
     Drawing m_drawing;
 };
 
+WeekTextSizes measure(const QFont& font, const QLocale& locale, QLocale::FormatType names) {
+    const QFontMetrics metrics(font);
+    WeekTextSizes sizes;
+    sizes.height = metrics.height();
+    for (const WeekRow row : weekRows) {
+        sizes.label = std::max(sizes.label, labelWidth(font, row));
+    }
+    int weekday = 1;
+    for (int& width : sizes.names) {
+        width = metrics.horizontalAdvance(weekdayName(weekday, locale, names));
+        ++weekday;
+    }
+    return sizes;
+}
+
 } // namespace
 
 Drawing drawWeekRow(std::int32_t weekStartDayCount, WeekRow row, const WeekPlot& plot,
@@ -75,8 +94,33 @@ Drawing drawWeekRow(std::int32_t weekStartDayCount, WeekRow row, const WeekPlot&
     return artist.takeDrawing();
 }
 
-QString weekdayName(int weekday, const QLocale& locale) {
-    return locale.dayName(weekday, QLocale::ShortFormat);
+QString weekdayName(int weekday, const QLocale& locale, QLocale::FormatType format) {
+    return locale.dayName(weekday, format);
+}
+
+int labelWidth(const QFont& font, WeekRow row) {
+    QFont bold = font;
+    bold.setBold(true);
+    return QFontMetrics(bold).horizontalAdvance(rowLabel(row));
+}
+
+WeekTexts layOutTexts(const WeekPlot& plot, const std::vector<QFont>& fonts,
+                      const QLocale& locale) {
+    Q_ASSERT(!fonts.empty());
+    for (const auto names : {QLocale::ShortFormat, QLocale::NarrowFormat}) {
+        for (const QFont& font : fonts) {
+            const WeekTextSizes sizes = measure(font, locale, names);
+            if (const auto lines = fittingLines(plot, sizes)) {
+                return {.font = font,
+                        .labelDrop = *lines == WeekLines::two ? labelDrop(plot, sizes.height) : 0,
+                        .names = names};
+            }
+        }
+    }
+    const QFont& last = fonts.back();
+    return {.font = last,
+            .labelDrop = labelDrop(plot, QFontMetrics(last).height()),
+            .names = QLocale::NarrowFormat};
 }
 
 } // namespace quor

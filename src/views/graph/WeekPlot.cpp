@@ -14,6 +14,29 @@ constexpr double reserve = 200 / twipsPerPixel;
 /// Pixels between two texts that are read as two.
 constexpr int textGap = 4;
 
+/// Pixels between two lines that look well.
+constexpr int lineGap = 2;
+
+bool namesFit(const WeekPlot& plot, const WeekTextSizes& sizes) {
+    return std::all_of(sizes.names.begin(), sizes.names.end(),
+                       [&plot](int name) { return name + textGap <= plot.cellWidth; });
+}
+
+bool labelFitsBetweenNames(const WeekPlot& plot, const WeekTextSizes& sizes) {
+    const int labelBegin = labelLeft(plot, sizes.label);
+    const int labelEnd = labelBegin + sizes.label;
+    int day = 0;
+    for (const int name : sizes.names) {
+        const int begin = plot.x(day);
+        const int end = begin + name;
+        if (end + textGap > labelBegin && begin < labelEnd + textGap) {
+            return false;
+        }
+        ++day;
+    }
+    return true;
+}
+
 } // namespace
 
 int WeekPlot::x(double days) const {
@@ -41,23 +64,21 @@ int labelLeft(const WeekPlot& plot, int labelWidth) {
     return toPixel((plot.picture.width() - labelWidth) / 2.0);
 }
 
-bool textsFit(const WeekPlot& plot, const WeekTextSizes& sizes) {
-    if (plot.bottom() + sizes.height > plot.picture.height()) {
-        return false;
+int labelDrop(const WeekPlot& plot, int textHeight) {
+    return textHeight + std::clamp(plot.room() - 2 * textHeight, 0, lineGap);
+}
+
+std::optional<WeekLines> fittingLines(const WeekPlot& plot, const WeekTextSizes& sizes) {
+    if (!namesFit(plot, sizes) || sizes.height > plot.room()) {
+        return std::nullopt;
     }
-    const int labelBegin = labelLeft(plot, sizes.label);
-    const int labelEnd = labelBegin + sizes.label;
-    int day = 0;
-    for (const int name : sizes.names) {
-        const int begin = plot.x(day);
-        const int end = begin + name;
-        const bool clearOfLabel = end + textGap <= labelBegin || begin >= labelEnd + textGap;
-        if (!clearOfLabel || name + textGap > plot.cellWidth) {
-            return false;
-        }
-        ++day;
+    if (labelFitsBetweenNames(plot, sizes)) {
+        return WeekLines::one;
     }
-    return true;
+    if (2 * sizes.height <= plot.room() && sizes.label <= plot.picture.width()) {
+        return WeekLines::two;
+    }
+    return std::nullopt;
 }
 
 } // namespace quor

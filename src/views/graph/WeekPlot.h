@@ -3,6 +3,8 @@
 #include <QSize>
 
 #include <array>
+#include <cstdint>
+#include <optional>
 
 namespace quor {
 
@@ -25,21 +27,28 @@ struct WeekPlot {
     [[nodiscard]] int top() const { return weekBaseline - weekAmplitude; }
     /// The lower end of the bars and the upper edge of the line of text below them.
     [[nodiscard]] int bottom() const { return weekBaseline + weekAmplitude; }
+    /// Pixels below the bars.
+    [[nodiscard]] int room() const { return picture.height() - bottom(); }
 
     friend bool operator==(const WeekPlot&, const WeekPlot&) = default;
 };
 
 /// The plot in a picture: a margin of a fortieth of the width and of the height all round, and
-/// below and to the right a reserve of 200 twips for the line of text. A twip is a fifteenth of a
+/// below and to the right a reserve of 200 twips. Below the bars that leaves two reserves and a
+/// margin: room for a line of text, or for two in a small font. A twip is a fifteenth of a
 /// pixel whatever the screen (1440 to the inch, 96 pixels to the inch), so that a row has one
 /// geometry on the screen, in a saved picture and on paper. A picture too small for its margins
 /// gets bars without a size.
 /// @param picture outer size in pixels
 [[nodiscard]] WeekPlot layOutWeek(QSize picture);
 
-/// How wide the texts of a row are in pixels.
+/// Pixels from the line of the names down to a label on a line of its own: a line of text, and a
+/// little more where there is room.
+[[nodiscard]] int labelDrop(const WeekPlot& plot, int textHeight);
+
+/// How large the texts of a row are in pixels.
 struct WeekTextSizes {
-    int height = 0; ///< of the line of text
+    int height = 0; ///< of a line of text
     int label = 0;
     std::array<int, daysInWeek> names{}; ///< of the weekdays, Monday first
 };
@@ -47,8 +56,13 @@ struct WeekTextSizes {
 /// x at which a label of a width stands in the middle of the picture.
 [[nodiscard]] int labelLeft(const WeekPlot& plot, int labelWidth);
 
-/// The label and the names of the weekdays share one line. True when they fit into it: no text
-/// touches the one beside it and none is cut off below.
-[[nodiscard]] bool textsFit(const WeekPlot& plot, const WeekTextSizes& sizes);
+/// Where the label of a row stands: on the line of the weekdays' names, or on one of its own below
+/// them.
+enum class WeekLines : std::uint8_t { one, two };
+
+/// The lines in which the texts of a row fit, so that no text touches the one beside it and none is
+/// cut off: one if that is enough, else two; nothing when they do not fit either way.
+[[nodiscard]] std::optional<WeekLines> fittingLines(const WeekPlot& plot,
+                                                    const WeekTextSizes& sizes);
 
 } // namespace quor

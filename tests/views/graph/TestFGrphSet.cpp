@@ -60,10 +60,12 @@ struct Fixture {
     [[nodiscard]] Drawing expected(WeekRow row, const Week& week,
                                    const WeeklyColours& colours) const {
         const PictureBox* box = picture(row);
-        return drawWeekRow(week.weekStartDayCount, row, layOutWeek(box->size()),
+        const WeekPlot plot = layOutWeek(box->size());
+        return drawWeekRow(week.weekStartDayCount, row, plot,
                            {.colours = colours,
                             .weekday = week.weekday,
-                            .labelWidth = box->textWidth(rowLabel(row), true)});
+                            .labelWidth = box->textWidth(rowLabel(row), true),
+                            .labelDrop = layOutTexts(plot, {box->font()}).labelDrop});
     }
 
     Program program;

@@ -3,6 +3,7 @@
 #include "views/graph/WeekDrawing.h"
 #include "views/graph/week_reference.h"
 
+#include <QFontMetrics>
 #include <QTest>
 
 #include <algorithm>
@@ -67,6 +68,12 @@ template<typename T> std::vector<T> all(const Drawing& drawing) {
 
 const WeekPlot plot = layOutWeek({800, 200});
 
+QFont sans(int pixels) {
+    QFont font(u"DejaVu Sans"_s);
+    font.setPixelSize(pixels);
+    return font;
+}
+
 } // namespace
 
 void TestWeekDrawing::sameAsReference_data() {
@@ -88,9 +95,12 @@ void TestWeekDrawing::sameAsReference() {
     const auto row = static_cast<WeekRow>(head.at(3).toInt());
     const QSize picture(head.at(4).toInt(), head.at(5).toInt());
 
-    const Drawing drawing = drawWeekRow(
-        week.weekStartDayCount, row, layOutWeek(picture),
-        {.colours = standard, .weekday = week.weekday, .labelWidth = head.at(6).toInt()}, italian);
+    const Drawing drawing = drawWeekRow(week.weekStartDayCount, row, layOutWeek(picture),
+                                        {.colours = standard,
+                                         .weekday = week.weekday,
+                                         .labelWidth = head.at(6).toInt(),
+                                         .labelDrop = head.at(7).toInt()},
+                                        italian);
     QCOMPARE(notation(drawing), lines);
 }
 
@@ -160,17 +170,86 @@ void TestWeekDrawing::gridAndFrameCoverTheBars() {
 }
 
 void TestWeekDrawing::namesAreTheLocales() {
-    const auto texts = [](const QLocale& locale) {
+    const auto texts = [](const QLocale& locale, QLocale::FormatType names) {
         QStringList words;
-        for (const Text& text :
-             all<Text>(drawWeekRow(0, WeekRow::physical, plot, {.colours = standard}, locale))) {
+        for (const Text& text : all<Text>(drawWeekRow(
+                 0, WeekRow::physical, plot, {.colours = standard, .names = names}, locale))) {
             words << text.text;
         }
         return words.join(u' ');
     };
-    QCOMPARE(texts(italian), u"FISICO lun mar mer gio ven sab dom"_s);
-    QCOMPARE(texts(QLocale(QLocale::English, QLocale::UnitedStates)),
-             u"FISICO Mon Tue Wed Thu Fri Sat Sun"_s);
+    const QLocale american(QLocale::English, QLocale::UnitedStates);
+    const auto words = QLocale::ShortFormat;
+    QCOMPARE(texts(italian, words), u"FISICO lun mar mer gio ven sab dom"_s);
+    QCOMPARE(texts(american, words), u"FISICO Mon Tue Wed Thu Fri Sat Sun"_s);
+    const auto letters = QLocale::NarrowFormat;
+    QCOMPARE(texts(italian, letters), u"FISICO L M M G V S D"_s);
+    QCOMPARE(texts(american, letters), u"FISICO M T W T F S S"_s);
+}
+
+void TestWeekDrawing::textsTakeTheLargestFontThatFits() {
+    const std::vector<QFont> fonts{sans(13), sans(12), sans(11), sans(10), sans(9), sans(8)};
+    const auto size = [&fonts](QSize picture, const QLocale& locale) {
+        const WeekTexts texts = layOutTexts(layOutWeek(picture), fonts, locale);
+        const int lines = texts.labelDrop == 0 ? 1 : 2;
+        const int drop = labelDrop(layOutWeek(picture), QFontMetrics(texts.font).height());
+        return lines == 1 || texts.labelDrop == drop
+                   ? u"%1 pixels, lines %2%3"_s.arg(texts.font.pixelSize())
+                         .arg(lines)
+                         .arg(texts.names == QLocale::ShortFormat ? QString() : u", letters"_s)
+                   : u"neither on the line nor below it"_s;
+    };
+    QCOMPARE(size({1515, 159}, italian), u"13 pixels, lines 1"_s);
+    QCOMPARE(size({501, 400}, italian), u"13 pixels, lines 2"_s);
+    // Below the bars of a low row there is no room for two lines of the largest.
+    const QString low = size({501, 80}, italian);
+    QVERIFY2(low.endsWith(u" pixels, lines 2"_s) && !low.startsWith(u"13"_s), qPrintable(low));
+    // Names of three letters in columns of 12 pixels.
+    const QString narrow = size({110, 112}, italian);
+    QVERIFY2(narrow.endsWith(u"letters"_s), qPrintable(narrow));
+    // Nothing fits: the label is wider than the picture.
+    QCOMPARE(size({40, 100}, italian), u"8 pixels, lines 2, letters"_s);
+}
+
+void TestWeekDrawing::textsOfARowDoNotMeet_data() {
+    QTest::addColumn<QSize>("picture");
+    QTest::addColumn<QString>("locale");
+    for (const auto& [width, height] :
+         {std::pair(1515, 159), std::pair(501, 159), std::pair(627, 112), std::pair(205, 112),
+          std::pair(621, 87), std::pair(203, 87), std::pair(160, 69), std::pair(963, 124)}) {
+        for (const QString& locale : {u"it_IT"_s, u"en_US"_s, u"de_DE"_s, u"pt_PT"_s}) {
+            QTest::newRow(qPrintable(u"%1 by %2, %3"_s.arg(width).arg(height).arg(locale)))
+                << QSize(width, height) << locale;
+        }
+    }
+}
+
+void TestWeekDrawing::textsOfARowDoNotMeet() {
+    QFETCH(QSize, picture);
+    QFETCH(QString, locale);
+    const WeekPlot row = layOutWeek(picture);
+    const WeekTexts texts = layOutTexts(
+        row, {sans(13), sans(12), sans(11), sans(10), sans(9), sans(8)}, QLocale(locale));
+    const WeekStyle style{.colours = standard,
+                          .labelWidth = labelWidth(texts.font, WeekRow::intellectual),
+                          .labelDrop = texts.labelDrop,
+                          .names = texts.names};
+    std::vector<QRect> areas;
+    for (const Text& text :
+         all<Text>(drawWeekRow(0, WeekRow::intellectual, row, style, QLocale(locale)))) {
+        QFont font = texts.font;
+        font.setBold(text.bold);
+        const QFontMetrics metrics(font);
+        areas.emplace_back(text.topLeft,
+                           QSize(metrics.horizontalAdvance(text.text), metrics.height()));
+    }
+    QCOMPARE(areas.size(), std::size_t{8});
+    for (std::size_t i = 0; i < areas.size(); ++i) {
+        QVERIFY(QRect(QPoint(), picture).contains(areas.at(i)));
+        for (std::size_t j = i + 1; j < areas.size(); ++j) {
+            QVERIFY(!areas.at(i).intersects(areas.at(j)));
+        }
+    }
 }
 
 } // namespace quor::test

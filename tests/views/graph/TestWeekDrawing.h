@@ -15,6 +15,9 @@ class TestWeekDrawing : public Test {
     void eachStateHasItsColour();
     void gridAndFrameCoverTheBars();
     void namesAreTheLocales();
+    void textsTakeTheLargestFontThatFits();
+    void textsOfARowDoNotMeet_data();
+    void textsOfARowDoNotMeet();
 };
 
 } // namespace quor::test

@@ -72,27 +72,50 @@ void TestWeekPlot::labelStandsInTheMiddle() {
     QTEST(labelLeft(plot, label), "left");
 }
 
-void TestWeekPlot::textsFitTheirLine_data() {
+void TestWeekPlot::labelStandsBelowTheNames_data() {
+    QTest::addColumn<int>("height");
+    QTest::addColumn<int>("drop");
+    // 40 pixels are left below the row.
+    QTest::newRow("much room") << 12 << 14;
+    QTest::newRow("just enough") << 19 << 21;
+    QTest::newRow("only for the two lines") << 20 << 20;
+    QTest::newRow("not for the two lines") << 25 << 25;
+}
+
+void TestWeekPlot::labelStandsBelowTheNames() {
+    QFETCH(int, height);
+    const WeekPlot plot{.picture = {800, 200}, .weekBaseline = 82, .weekAmplitude = 78};
+    QCOMPARE(plot.room(), 40);
+    QTEST(labelDrop(plot, height), "drop");
+}
+
+void TestWeekPlot::textsFitTheirLines_data() {
     QTest::addColumn<int>("height");
     QTest::addColumn<int>("label");
     QTest::addColumn<int>("name");
-    QTest::addColumn<bool>("fit");
+    QTest::addColumn<int>("lines"); // 0 where the texts do not fit
 
     // Columns begin at 50, 150, ... 650; Thursday's at 350, Friday's at 450. The label is centred
     // on 410; 40 pixels are left below the row.
-    QTest::newRow("small texts") << 15 << 40 << 20 << true;
-    QTest::newRow("label ends 4 before Friday's name") << 15 << 72 << 20 << true;
-    QTest::newRow("label ends 3 before Friday's name") << 15 << 74 << 20 << false;
-    QTest::newRow("Thursday's name ends 4 before the label") << 15 << 72 << 20 << true;
-    QTest::newRow("Thursday's name ends 3 before the label") << 15 << 72 << 21 << false;
-    QTest::newRow("label over Thursday and Friday") << 15 << 200 << 20 << false;
-    QTest::newRow("just high enough") << 40 << 40 << 20 << true;
-    QTest::newRow("too high by one") << 41 << 40 << 20 << false;
-    QTest::newRow("name wider than its column") << 15 << -220 << 97 << false;
-    QTest::newRow("name as wide as its column allows") << 15 << -220 << 96 << true;
+    QTest::newRow("small texts") << 15 << 40 << 20 << 1;
+    QTest::newRow("label ends 4 before Friday's name") << 15 << 72 << 20 << 1;
+    QTest::newRow("label ends 3 before Friday's name") << 15 << 74 << 20 << 2;
+    QTest::newRow("Thursday's name ends 4 before the label") << 15 << 72 << 20 << 1;
+    QTest::newRow("Thursday's name ends 3 before the label") << 15 << 72 << 21 << 2;
+    QTest::newRow("label over Thursday and Friday") << 15 << 200 << 20 << 2;
+    QTest::newRow("one line just high enough") << 40 << 40 << 20 << 1;
+    QTest::newRow("one line too high by one") << 41 << 40 << 20 << 0;
+    QTest::newRow("two lines just high enough") << 20 << 200 << 20 << 2;
+    QTest::newRow("two lines too high by one each") << 21 << 200 << 20 << 0;
+    QTest::newRow("label as wide as the picture") << 15 << 820 << 20 << 2;
+    QTest::newRow("label wider than the picture") << 15 << 821 << 20 << 0;
+    QTest::newRow("name wider than its column") << 15 << -220 << 97 << 0;
+    QTest::newRow("name as wide as its column allows") << 15 << -220 << 96 << 1;
+    QTest::newRow("names wider than their columns, two lines") << 15 << 200 << 97 << 0;
+    QTest::newRow("names as wide as columns allow, two lines") << 15 << 200 << 96 << 2;
 }
 
-void TestWeekPlot::textsFitTheirLine() {
+void TestWeekPlot::textsFitTheirLines() {
     QFETCH(int, height);
     QFETCH(int, label);
     QFETCH(int, name);
@@ -103,7 +126,9 @@ void TestWeekPlot::textsFitTheirLine() {
                         .weekAmplitude = 78};
     WeekTextSizes sizes{.height = height, .label = label};
     sizes.names.fill(name);
-    QTEST(textsFit(plot, sizes), "fit");
+    const auto lines = fittingLines(plot, sizes);
+    const int count = !lines ? 0 : *lines == WeekLines::one ? 1 : 2;
+    QTEST(count, "lines");
 }
 
 } // namespace quor::test

@@ -13,8 +13,10 @@ class TestWeekPlot : public Test {
     void mapping();
     void labelStandsInTheMiddle_data();
     void labelStandsInTheMiddle();
-    void textsFitTheirLine_data();
-    void textsFitTheirLine();
+    void labelStandsBelowTheNames_data();
+    void labelStandsBelowTheNames();
+    void textsFitTheirLines_data();
+    void textsFitTheirLines();
 };
 
 } // namespace quor::test

@@ -5,7 +5,7 @@ namespace quor::test {
 
 // clang-format off
 inline constexpr const char* weekReference_0_0 = R"(
-case 1981-12-25 2004-03-17 0 963 124 60
+case 1981-12-25 2004-03-17 0 963 124 60 0
 box 24 49 88 78 00ff00
 box 88 49 153 74 00ff00
 box 153 49 218 69 00ff00
@@ -41,7 +41,7 @@ line 24 95 927 95 000000 2
 frame 282 3 411 95 ff0000 2
 )";
 inline constexpr const char* weekReference_0_1 = R"(
-case 1981-12-25 2004-03-17 1 963 124 60
+case 1981-12-25 2004-03-17 1 963 124 60 0
 box 24 49 88 83 00ff00
 box 88 49 153 78 00ff00
 box 153 49 218 73 00ff00
@@ -77,7 +77,7 @@ line 24 95 927 95 000000 2
 frame 282 3 411 95 ff0000 2
 )";
 inline constexpr const char* weekReference_0_2 = R"(
-case 1981-12-25 2004-03-17 2 963 124 60
+case 1981-12-25 2004-03-17 2 963 124 60 0
 box 24 49 88 85 00ff00
 box 88 49 153 82 00ff00
 box 153 49 218 78 00ff00
@@ -113,7 +113,7 @@ line 24 95 927 95 000000 2
 frame 282 3 411 95 ff0000 2
 )";
 inline constexpr const char* weekReference_0_3 = R"(
-case 1981-12-25 2004-03-17 3 963 124 60
+case 1981-12-25 2004-03-17 3 963 124 60 0
 box 24 49 88 66 00ff00
 box 88 49 153 62 0000ff
 box 153 49 218 58 0000ff
@@ -149,7 +149,7 @@ line 24 95 927 95 000000 2
 frame 282 3 411 95 ff0000 2
 )";
 inline constexpr const char* weekReference_1_0 = R"(
-case 1981-12-25 2004-03-15 0 640 200 75
+case 1981-12-25 2004-03-15 0 640 200 75 0
 box 16 87 58 139 00ff00
 box 58 87 101 131 00ff00
 box 101 87 144 123 00ff00
@@ -185,7 +185,7 @@ line 16 169 611 169 000000 2
 frame 16 5 101 169 ff0000 2
 )";
 inline constexpr const char* weekReference_1_1 = R"(
-case 1981-12-25 2004-03-15 1 640 200 75
+case 1981-12-25 2004-03-15 1 640 200 75 0
 box 16 87 58 147 00ff00
 box 58 87 101 139 00ff00
 box 101 87 144 130 00ff00
@@ -221,7 +221,7 @@ line 16 169 611 169 000000 2
 frame 16 5 101 169 ff0000 2
 )";
 inline constexpr const char* weekReference_1_2 = R"(
-case 1981-12-25 2004-03-15 2 640 200 75
+case 1981-12-25 2004-03-15 2 640 200 75 0
 box 16 87 58 151 00ff00
 box 58 87 101 145 00ff00
 box 101 87 144 138 00ff00
@@ -257,7 +257,7 @@ line 16 169 611 169 000000 2
 frame 16 5 101 169 ff0000 2
 )";
 inline constexpr const char* weekReference_1_3 = R"(
-case 1981-12-25 2004-03-15 3 640 200 75
+case 1981-12-25 2004-03-15 3 640 200 75 0
 box 16 87 58 117 00ff00
 box 58 87 101 110 0000ff
 box 101 87 144 103 0000ff
@@ -293,7 +293,7 @@ line 16 169 611 169 000000 2
 frame 16 5 101 169 ff0000 2
 )";
 inline constexpr const char* weekReference_2_0 = R"(
-case 1981-12-25 2004-03-21 0 500 131 51
+case 1981-12-25 2004-03-21 0 500 131 51 0
 box 12 52 45 83 00ff00
 box 45 52 78 78 00ff00
 box 78 52 111 74 00ff00
@@ -329,7 +329,7 @@ line 12 101 474 101 000000 2
 frame 408 3 474 101 ff0000 2
 )";
 inline constexpr const char* weekReference_2_1 = R"(
-case 1981-12-25 2004-03-21 1 500 131 51
+case 1981-12-25 2004-03-21 1 500 131 51 0
 box 12 52 45 88 00ff00
 box 45 52 78 83 00ff00
 box 78 52 111 77 00ff00
@@ -365,7 +365,7 @@ line 12 101 474 101 000000 2
 frame 408 3 474 101 ff0000 2
 )";
 inline constexpr const char* weekReference_2_2 = R"(
-case 1981-12-25 2004-03-21 2 500 131 51
+case 1981-12-25 2004-03-21 2 500 131 51 0
 box 12 52 45 90 00ff00
 box 45 52 78 87 00ff00
 box 78 52 111 83 00ff00
@@ -401,7 +401,7 @@ line 12 101 474 101 000000 2
 frame 408 3 474 101 ff0000 2
 )";
 inline constexpr const char* weekReference_2_3 = R"(
-case 1981-12-25 2004-03-21 3 500 131 51
+case 1981-12-25 2004-03-21 3 500 131 51 0
 box 12 52 45 70 00ff00
 box 45 52 78 66 0000ff
 box 78 52 111 61 0000ff
@@ -437,7 +437,7 @@ line 12 101 474 101 000000 2
 frame 408 3 474 101 ff0000 2
 )";
 inline constexpr const char* weekReference_3_0 = R"(
-case 1981-12-25 1981-12-25 0 777 333 94
+case 1981-12-25 1981-12-25 0 777 333 94 0
 box 19 153 71 267 00ff00
 box 71 153 123 257 00ff00
 box 123 153 175 245 00ff00
@@ -473,7 +473,7 @@ line 19 298 747 298 000000 2
 frame 435 8 539 298 ff0000 2
 )";
 inline constexpr const char* weekReference_3_1 = R"(
-case 1981-12-25 1981-12-25 1 777 333 94
+case 1981-12-25 1981-12-25 1 777 333 94 0
 box 19 153 71 282 00ff00
 box 71 153 123 271 00ff00
 box 123 153 175 259 00ff00
@@ -509,7 +509,7 @@ line 19 298 747 298 000000 2
 frame 435 8 539 298 ff0000 2
 )";
 inline constexpr const char* weekReference_3_2 = R"(
-case 1981-12-25 1981-12-25 2 777 333 94
+case 1981-12-25 1981-12-25 2 777 333 94 0
 box 19 153 71 266 00ff00
 box 71 153 123 256 00ff00
 box 123 153 175 243 00ff00
@@ -545,7 +545,7 @@ line 19 298 747 298 000000 2
 frame 435 8 539 298 ff0000 2
 )";
 inline constexpr const char* weekReference_3_3 = R"(
-case 1981-12-25 1981-12-25 3 777 333 94
+case 1981-12-25 1981-12-25 3 777 333 94 0
 box 19 153 71 253 00ff00
 box 71 153 123 243 00ff00
 box 123 153 175 231 00ff00
@@ -581,7 +581,7 @@ line 19 298 747 298 000000 2
 frame 435 8 539 298 ff0000 2
 )";
 inline constexpr const char* weekReference_4_0 = R"(
-case 1981-12-25 1981-09-30 0 1500 90 60
+case 1981-12-25 1981-09-30 0 1500 90 60 0
 box 38 22 139 32 00ff00
 box 139 22 240 32 00ff00
 box 240 21 341 32 00ff00
@@ -617,7 +617,7 @@ line 38 62 1452 62 000000 2
 frame 442 2 644 62 ff0000 2
 )";
 inline constexpr const char* weekReference_4_1 = R"(
-case 1981-12-25 1981-09-30 1 1500 90 60
+case 1981-12-25 1981-09-30 1 1500 90 60 0
 box 38 5 139 32 00ffff
 box 139 4 240 32 00ffff
 box 240 3 341 32 00ffff
@@ -653,7 +653,7 @@ line 38 62 1452 62 000000 2
 frame 442 2 644 62 ff0000 2
 )";
 inline constexpr const char* weekReference_4_2 = R"(
-case 1981-12-25 1981-09-30 2 1500 90 60
+case 1981-12-25 1981-09-30 2 1500 90 60 0
 box 38 32 139 55 00ff00
 box 139 32 240 53 00ff00
 box 240 32 341 51 00ff00
@@ -689,7 +689,7 @@ line 38 62 1452 62 000000 2
 frame 442 2 644 62 ff0000 2
 )";
 inline constexpr const char* weekReference_4_3 = R"(
-case 1981-12-25 1981-09-30 3 1500 90 60
+case 1981-12-25 1981-09-30 3 1500 90 60 0
 box 38 6 139 32 00ffff
 box 139 8 240 32 00ffff
 box 240 9 341 32 00ff00
@@ -724,7 +724,151 @@ line 38 2 1452 2 000000 2
 line 38 62 1452 62 000000 2
 frame 442 2 644 62 ff0000 2
 )";
-inline constexpr const char* weekReference[] = {weekReference_0_0, weekReference_0_1, weekReference_0_2, weekReference_0_3, weekReference_1_0, weekReference_1_1, weekReference_1_2, weekReference_1_3, weekReference_2_0, weekReference_2_1, weekReference_2_2, weekReference_2_3, weekReference_3_0, weekReference_3_1, weekReference_3_2, weekReference_3_3, weekReference_4_0, weekReference_4_1, weekReference_4_2, weekReference_4_3};
+inline constexpr const char* weekReference_5_0 = R"(
+case 1981-12-25 2026-11-21 0 205 112 104 14
+box 5 43 18 67 00ff00
+box 18 43 31 66 00ff00
+box 31 43 44 64 00ff00
+box 44 43 57 62 00ff00
+box 57 43 70 60 00ff00
+box 70 43 83 58 00ff00
+box 83 43 96 55 0000ff
+box 96 43 109 52 0000ff
+box 109 43 122 49 0000ff
+box 122 43 135 47 0000ff
+box 135 43 148 44 0000ff
+box 148 41 161 43 0000ff
+box 161 38 174 43 0000ff
+box 174 36 187 43 0000ff
+text 50 97 bold MEDIA
+line 5 43 187 43 000000 1
+line 5 3 5 83 969696 1
+text 5 83 plain lun
+line 31 3 31 83 969696 1
+text 31 83 plain mar
+line 57 3 57 83 969696 1
+text 57 83 plain mer
+line 83 3 83 83 969696 1
+text 83 83 plain gio
+line 109 3 109 83 969696 1
+text 109 83 plain ven
+line 135 3 135 83 969696 1
+text 135 83 plain sab
+line 161 3 161 83 969696 1
+text 161 83 plain dom
+line 5 3 187 3 000000 2
+line 5 83 187 83 000000 2
+frame 135 3 161 83 ff0000 2
+)";
+inline constexpr const char* weekReference_5_1 = R"(
+case 1981-12-25 2026-11-21 1 205 112 104 14
+box 5 43 18 64 00ff00
+box 18 43 31 59 00ff00
+box 31 43 44 54 0000ff
+box 44 43 57 48 0000ff
+box 57 43 70 43 0000ff
+box 70 38 83 43 0000ff
+box 83 32 96 43 0000ff
+box 96 27 109 43 00ff00
+box 109 22 122 43 00ff00
+box 122 18 135 43 00ff00
+box 135 14 148 43 00ff00
+box 148 10 161 43 00ffff
+box 161 7 174 43 00ffff
+box 174 5 187 43 00ffff
+text 50 97 bold FISICO
+line 5 43 187 43 000000 1
+line 5 3 5 83 969696 1
+text 5 83 plain lun
+line 31 3 31 83 969696 1
+text 31 83 plain mar
+line 57 3 57 83 969696 1
+text 57 83 plain mer
+line 83 3 83 83 969696 1
+text 83 83 plain gio
+line 109 3 109 83 969696 1
+text 109 83 plain ven
+line 135 3 135 83 969696 1
+text 135 83 plain sab
+line 161 3 161 83 969696 1
+text 161 83 plain dom
+line 5 3 187 3 000000 2
+line 5 83 187 83 000000 2
+frame 135 3 161 83 ff0000 2
+)";
+inline constexpr const char* weekReference_5_2 = R"(
+case 1981-12-25 2026-11-21 2 205 112 104 14
+box 5 43 18 68 00ff00
+box 18 43 31 71 00ff00
+box 31 43 44 74 00ff00
+box 44 43 57 77 00ff00
+box 57 43 70 79 00ff00
+box 70 43 83 81 00ff00
+box 83 43 96 82 00ff00
+box 96 43 109 83 00ff00
+box 109 43 122 83 00ff00
+box 122 43 135 83 00ff00
+box 135 43 148 82 00ff00
+box 148 43 161 81 00ff00
+box 161 43 174 79 00ff00
+box 174 43 187 77 00ff00
+text 50 97 bold EMOTIVO
+line 5 43 187 43 000000 1
+line 5 3 5 83 969696 1
+text 5 83 plain lun
+line 31 3 31 83 969696 1
+text 31 83 plain mar
+line 57 3 57 83 969696 1
+text 57 83 plain mer
+line 83 3 83 83 969696 1
+text 83 83 plain gio
+line 109 3 109 83 969696 1
+text 109 83 plain ven
+line 135 3 135 83 969696 1
+text 135 83 plain sab
+line 161 3 161 83 969696 1
+text 161 83 plain dom
+line 5 3 187 3 000000 2
+line 5 83 187 83 000000 2
+frame 135 3 161 83 ff0000 2
+)";
+inline constexpr const char* weekReference_5_3 = R"(
+case 1981-12-25 2026-11-21 3 205 112 104 14
+box 5 43 18 71 00ff00
+box 18 43 31 68 00ff00
+box 31 43 44 65 00ff00
+box 44 43 57 61 00ff00
+box 57 43 70 58 00ff00
+box 70 43 83 54 0000ff
+box 83 43 96 51 0000ff
+box 96 43 109 47 0000ff
+box 109 43 122 43 0000ff
+box 122 39 135 43 0000ff
+box 135 35 148 43 0000ff
+box 148 32 161 43 0000ff
+box 161 28 174 43 00ff00
+box 174 25 187 43 00ff00
+text 50 97 bold INTELLETTIVO
+line 5 43 187 43 000000 1
+line 5 3 5 83 969696 1
+text 5 83 plain lun
+line 31 3 31 83 969696 1
+text 31 83 plain mar
+line 57 3 57 83 969696 1
+text 57 83 plain mer
+line 83 3 83 83 969696 1
+text 83 83 plain gio
+line 109 3 109 83 969696 1
+text 109 83 plain ven
+line 135 3 135 83 969696 1
+text 135 83 plain sab
+line 161 3 161 83 969696 1
+text 161 83 plain dom
+line 5 3 187 3 000000 2
+line 5 83 187 83 000000 2
+frame 135 3 161 83 ff0000 2
+)";
+inline constexpr const char* weekReference[] = {weekReference_0_0, weekReference_0_1, weekReference_0_2, weekReference_0_3, weekReference_1_0, weekReference_1_1, weekReference_1_2, weekReference_1_3, weekReference_2_0, weekReference_2_1, weekReference_2_2, weekReference_2_3, weekReference_3_0, weekReference_3_1, weekReference_3_2, weekReference_3_3, weekReference_4_0, weekReference_4_1, weekReference_4_2, weekReference_4_3, weekReference_5_0, weekReference_5_1, weekReference_5_2, weekReference_5_3};
 // clang-format on
 
 } // namespace quor::test

@@ -6,13 +6,13 @@
 
 Each case is a header line, then one line for each primitive in its order:
 
-    case YYYY-MM-DD YYYY-MM-DD ROW WIDTH HEIGHT LABELWIDTH   birth, calculation date
+    case BIRTH CALCULATION ROW WIDTH HEIGHT LABELWIDTH LABELDROP
     box LEFT TOP RIGHT BOTTOM COLOUR                         corner pixels included
     line X Y X Y COLOUR PENWIDTH
     frame LEFT TOP RIGHT BOTTOM COLOUR PENWIDTH
     text X Y bold|plain TEXT
 
-Colours are 0x00BBGGRR. Names of weekdays are Italian.
+Dates are YYYY-MM-DD, LABELDROP is how far the label stands below the names, colours are 0x00BBGGRR. Names of weekdays are Italian.
 """
 
 import datetime
@@ -32,12 +32,14 @@ RESERVE = fractions.Fraction(200, 15)
 BIRTH = datetime.date(1981, 12, 25)
 CASES = [
     # A Wednesday, a Monday, a Sunday and the day of birth, whose week begins before the birth.
-    (BIRTH, datetime.date(2004, 3, 17), 963, 124, 60),
-    (BIRTH, datetime.date(2004, 3, 15), 640, 200, 75),
-    (BIRTH, datetime.date(2004, 3, 21), 500, 131, 51),
-    (BIRTH, BIRTH, 777, 333, 94),
+    (BIRTH, datetime.date(2004, 3, 17), 963, 124, 60, 0),
+    (BIRTH, datetime.date(2004, 3, 15), 640, 200, 75, 0),
+    (BIRTH, datetime.date(2004, 3, 21), 500, 131, 51, 0),
+    (BIRTH, BIRTH, 777, 333, 94, 0),
     # Long before the birth.
-    (BIRTH, datetime.date(1981, 9, 30), 1500, 90, 60),
+    (BIRTH, datetime.date(1981, 9, 30), 1500, 90, 60, 0),
+    # A label below the names.
+    (BIRTH, datetime.date(2026, 11, 21), 205, 112, 104, 14),
 ]
 
 
@@ -67,8 +69,8 @@ def colour_of(v):
     return STABLE
 
 
-def case(birth, date, row, width, height, label_width):
-    yield f"case {birth} {date} {row} {width} {height} {label_width}"
+def case(birth, date, row, width, height, label_width, label_drop):
+    yield f"case {birth} {date} {row} {width} {height} {label_width} {label_drop}"
     weekday = date.isoweekday()
     monday = date - datetime.timedelta(days=weekday - 1)
     day_count = (monday - birth).days
@@ -81,7 +83,7 @@ def case(birth, date, row, width, height, label_width):
         y = round(baseline - amplitude * v)
         yield f"box {x0} {min(y, baseline)} {x1} {max(y, baseline)} {colour_of(v):06x}"
     x = round(fractions.Fraction(width - label_width, 2))
-    yield f"text {x} {bottom} bold {LABELS[row]}"
+    yield f"text {x} {bottom + label_drop} bold {LABELS[row]}"
     yield f"line {left} {baseline} {right} {baseline} {BLACK:06x} 1"
     for day in range(7):
         x = left + day * cell
@@ -97,11 +99,11 @@ def header():
     lines = ["// Written by week_reference.py; do not edit.", "#pragma once", "",
              "namespace quor::test {", "", "// clang-format off"]
     pieces = []
-    for number, (birth, date, width, height, label_width) in enumerate(CASES):
+    for number, (birth, date, *sizes) in enumerate(CASES):
         for row in range(4):
             pieces.append(f"weekReference_{number}_{row}")
             lines.append(f'inline constexpr const char* {pieces[-1]} = R"(')
-            lines += case(birth, date, row, width, height, label_width)
+            lines += case(birth, date, row, *sizes)
             lines.append(')";')
     lines.append("inline constexpr const char* weekReference[] = {" + ", ".join(pieces) + "};")
     lines += ["// clang-format on", "", "} // namespace quor::test", ""]
