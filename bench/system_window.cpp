@@ -43,6 +43,10 @@ class BareFrame : public quor::Frame {
     void showPrint(quor::PrintMode /*mode*/) override {}
     void showChild(quor::ChildWindow* /*child*/) override {}
     void showDayPopup(const quor::DayPopup& /*popup*/, QPoint /*globalPosition*/) override {}
+    void startTour(std::uint8_t /*number*/) override {}
+    void lockCommands(const quor::TourLock& /*lock*/) override {}
+    void unlockCommands() override {}
+    [[nodiscard]] bool openForTour(quor::Command /*command*/) override { return false; }
 };
 
 quor::Program programWith(int members) {

@@ -40,8 +40,17 @@ void reportNoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, cons
     }
 }
 
+/// For a run whose standard error is read by others: what the toolkit misses on a bare machine (a
+/// session's folder, say) is not an error of the run.
+void reportFaults(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) {
+        print(stderr, text + u'\n');
+    }
+}
+
 /// Exports without a window, on whatever machine. @return the exit status
 int exportWithoutScreen(int& argc, char** argv, const quor::BatchRequest& request) {
+    qInstallMessageHandler(reportFaults);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv); // for the fonts
     QGuiApplication::setApplicationName(u"quor"_s);
