@@ -86,8 +86,8 @@ void TestCommandLine::endings() {
     QCOMPARE(static_cast<int>(fileKind(path)), kind);
 }
 
-void TestCommandLine::usageNamesEveryOption() {
-    for (const QString& option : {u"--open"_s, u"--help"_s, u"--version"_s}) {
+void TestCommandLine::usageNamesEveryOptionAndFile() {
+    for (const QString& option : {u"--open"_s, u"--help"_s, u"--version"_s, u".bio"_s, u".brs"_s}) {
         QVERIFY(usageText().contains(option));
     }
 }
