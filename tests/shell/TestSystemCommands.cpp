@@ -172,6 +172,19 @@ void TestSystemCommands::aNameOnlyOnce() {
              (QStringList{u"Bioritmo di Anna"_s, u"Bioritmo di Bruno"_s, u"Bioritmo di ANNA"_s}));
 }
 
+void TestSystemCommands::aRefusedNameMayBringAnotherDate() {
+    // The entry has stored its calculation date by then, and the status bar does not hide it.
+    Fixture fixture;
+    fixture.openSystemOfTwo();
+    fixture.program.biorhythm.calculationDate = toDateValue(QDate(2010, 1, 31));
+    fixture.dialogs.expectBox(
+        u"Errore"_s, u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s);
+    fixture.frame.applyBiorhythm();
+    QVERIFY(fixture.dialogs.finished());
+    QCOMPARE(fixture.panels().at(2), u"Data in esame per il calcolo: 31/01/2010"_s);
+    QCOMPARE(fixture.panels().at(1), u"2 bioritmi nel sistema"_s);
+}
+
 void TestSystemCommands::membersFromFiles() {
     Fixture fixture;
     fixture.frame.run(Command::mnuNuovoSistema);

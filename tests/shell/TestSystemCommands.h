@@ -13,6 +13,7 @@ class TestSystemCommands : public Test {
     void newSystemClosesTheSystem();
     void enteringMembers();
     void aNameOnlyOnce();
+    void aRefusedNameMayBringAnotherDate();
     void membersFromFiles();
     void theEntryClosesWithTheSystem();
     void openingAFile();
