@@ -95,7 +95,7 @@ class FProj : public ChildWindow {
     Frame& m_frame;
     std::unique_ptr<Ui::FProj> m_ui;
     SystemTreeModel* m_tree = nullptr;
-    QPointer<ChildWindow> m_compatibility; ///< FComp while it is open
+    QPointer<ChildWindow> m_compatibility; ///< FComp while it is open; it closes with the system
 };
 
 } // namespace quor
