@@ -212,6 +212,21 @@ void TestSystemCommands::theEntryClosesWithTheSystem() {
     QVERIFY(dialog.isNull());
 }
 
+void TestSystemCommands::aNewEntryAfterTheSystem() {
+    // The entry that closes with the system is not the one that a new biorhythm is entered in.
+    Fixture fixture;
+    fixture.frame.run(Command::mnuNuovoSistema);
+    fixture.press(u"Command1"_s);
+    fixture.program.state.modified = false;
+    fixture.expectSystemClosing(Answer::yes);
+    fixture.frame.run(Command::mnuCalcola);
+    QVERIFY(fixture.dialogs.finished());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto* entry = fixture.frame.findChild<FIns*>();
+    QVERIFY(entry != nullptr);
+    QVERIFY(entry->isVisible());
+}
+
 void TestSystemCommands::openingAFile() {
     for (const Answer answer : {Answer::no, Answer::yes}) {
         Fixture fixture;

@@ -16,6 +16,7 @@ class TestSystemCommands : public Test {
     void aRefusedNameMayBringAnotherDate();
     void membersFromFiles();
     void theEntryClosesWithTheSystem();
+    void aNewEntryAfterTheSystem();
     void openingAFile();
     void openingAFileOfToday();
     void openingClosesFirst();
