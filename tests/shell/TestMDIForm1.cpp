@@ -118,7 +118,7 @@ void TestMDIForm1::applyingABiorhythm() {
 
 void TestMDIForm1::theTipOfAPanelSaysItsText() {
     FrameFixture fixture;
-    const QString name = u"Anna & \"Lia\" <b>"_s;
+    const QString name = u"Anna & \"Lia\""_s;
     fixture.enter(name);
     const QString tip = fixture.frame.statusBar()->findChild<QLabel*>()->toolTip();
     QVERIFY(Qt::mightBeRichText(tip));
