@@ -4,6 +4,7 @@
 
 #include "export/FEspBio.h"
 #include "export/FStampaBio.h"
+#include "shell/FIns.h"
 #include "system/FProj.h"
 
 namespace quor {
@@ -30,6 +31,9 @@ void MDIForm1::showExport(const QString& caption) {
         });
     }
     m_export->setWindowTitle(caption);
+    if (m_program.state.systemOpen && m_newBiorhythm != nullptr) {
+        m_newBiorhythm->close(); // no member comes in while the members are being exported
+    }
     bringUp(m_export);
 }
 

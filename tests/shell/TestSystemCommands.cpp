@@ -172,6 +172,19 @@ void TestSystemCommands::aNameOnlyOnce() {
              (QStringList{u"Bioritmo di Anna"_s, u"Bioritmo di Bruno"_s, u"Bioritmo di ANNA"_s}));
 }
 
+void TestSystemCommands::aRefusedNameMayBringAnotherDate() {
+    // The entry has stored its calculation date by then, and the status bar does not hide it.
+    Fixture fixture;
+    fixture.openSystemOfTwo();
+    fixture.program.biorhythm.calculationDate = toDateValue(QDate(2010, 1, 31));
+    fixture.dialogs.expectBox(
+        u"Errore"_s, u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s);
+    fixture.frame.applyBiorhythm();
+    QVERIFY(fixture.dialogs.finished());
+    QCOMPARE(fixture.panels().at(2), u"Data in esame per il calcolo: 31/01/2010"_s);
+    QCOMPARE(fixture.panels().at(1), u"2 bioritmi nel sistema"_s);
+}
+
 void TestSystemCommands::membersFromFiles() {
     Fixture fixture;
     fixture.frame.run(Command::mnuNuovoSistema);
@@ -197,6 +210,21 @@ void TestSystemCommands::theEntryClosesWithTheSystem() {
     fixture.frame.run(Command::mnuChiudiSistema);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(dialog.isNull());
+}
+
+void TestSystemCommands::aNewEntryAfterTheSystem() {
+    // The entry that closes with the system is not the one that a new biorhythm is entered in.
+    Fixture fixture;
+    fixture.frame.run(Command::mnuNuovoSistema);
+    fixture.press(u"Command1"_s);
+    fixture.program.state.modified = false;
+    fixture.expectSystemClosing(Answer::yes);
+    fixture.frame.run(Command::mnuCalcola);
+    QVERIFY(fixture.dialogs.finished());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto* entry = fixture.frame.findChild<FIns*>();
+    QVERIFY(entry != nullptr);
+    QVERIFY(entry->isVisible());
 }
 
 void TestSystemCommands::openingAFile() {
@@ -420,10 +448,8 @@ void TestSystemCommands::exportAndPrintGiveEverythingBack() {
         QCOMPARE(fixture.program.state.exportWholeSystem, button == u"Command14"_s);
         QVERIFY(!fixture.window()->isEnabled());
         QCOMPARE(fixture.frame.isEnabled(), button == u"Command14"_s);
-        if (!fixture.frame.isEnabled()) {
-            fixture.frame.close(); // neither ends nor asks
-            QCOMPARE(fixture.ended.size(), 0);
-        }
+        fixture.frame.close(); // neither ends nor asks
+        QCOMPARE(fixture.ended.size(), 0);
         window->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(fixture.frame.isEnabled());

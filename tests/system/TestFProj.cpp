@@ -5,6 +5,7 @@
 #include "system/SystemFixture.h"
 #include "system/SystemTreeModel.h"
 #include "toolkit/ShowHelp.h"
+#include "toolkit/ToolTipText.h"
 #include "views/analysis/FStat.h"
 
 #include "support/RecordingFrame.h"
@@ -40,8 +41,16 @@ class Frame : public RecordingFrame {
         }
     }
 
+    void closeBiorhythm() override {
+        RecordingFrame::closeBiorhythm();
+        if (onCloseBiorhythm) {
+            onCloseBiorhythm();
+        }
+    }
+
     QWidget window;
     std::function<void()> onRun;
+    std::function<void()> onCloseBiorhythm;
 };
 
 /// The system window, shown, over members of the given names.
@@ -827,6 +836,34 @@ void TestFProj::closingWithoutSaving() {
     QVERIFY(fixture.isGone());
 }
 
+void TestFProj::closingEmptiesTheTreeFirst() {
+    // The windows that close with the biorhythm may bring this one to the front.
+    Fixture fixture({u"Anna"_s, u"Bruno"_s});
+    fixture.program.biorhythm.name = u"Bruno"_s;
+    QStringList shown{u"not asked"_s};
+    fixture.frame.onCloseBiorhythm = [&] { shown = fixture.branches(); };
+    fixture.expectClosing(Answer::yes);
+    fixture.press(u"Command11"_s);
+    QVERIFY(fixture.dialogs.finished());
+    QCOMPARE(shown, QStringList());
+}
+
+void TestFProj::compatibilityClosesWithTheSystem() {
+    Fixture fixture({u"Anna"_s, u"Bruno"_s});
+    fixture.press(u"Command8"_s);
+    const QPointer<ChildWindow> compared = fixture.frame.shown.at(0);
+    fixture.frame.shown.clear();
+    fixture.expectClosing(Answer::no);
+    fixture.press(u"Command11"_s);
+    QVERIFY(!fixture.isGone());
+    QVERIFY(!compared.isNull());
+    fixture.expectClosing(Answer::yes);
+    fixture.press(u"Command11"_s);
+    QVERIFY(fixture.dialogs.finished());
+    QVERIFY(fixture.isGone());
+    QVERIFY(compared.isNull());
+}
+
 void TestFProj::aFailedSaveKeepsTheSystem() {
     Fixture fixture({u"Anna"_s});
     fixture.program.state.modified = true; // and the frame's saving leaves it so
@@ -850,7 +887,7 @@ void TestFProj::longNamesHaveATip() {
         return QToolTip::text();
     };
     QCOMPARE(hover(fixture.member(0)), QString());
-    QCOMPARE(hover(fixture.member(1)), u"Bioritmo di "_s + name.toHtmlEscaped());
+    QCOMPARE(hover(fixture.member(1)), toolTipText(u"Bioritmo di "_s + name));
 }
 
 } // namespace quor::test

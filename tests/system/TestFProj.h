@@ -54,6 +54,8 @@ class TestFProj : public Test {
     void closingIsRefused();
     void closingSaves();
     void closingWithoutSaving();
+    void closingEmptiesTheTreeFirst();
+    void compatibilityClosesWithTheSystem();
     void aFailedSaveKeepsTheSystem();
     void longNamesHaveATip();
 };
