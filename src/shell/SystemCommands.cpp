@@ -41,6 +41,7 @@ FProj* MDIForm1::ensureSystemWindow() {
             if (m_newBiorhythm != nullptr) {
                 m_newBiorhythm->close(); // it was to give the system a member
             }
+            closeExportAndPrint();
         });
     }
     return m_system;
