@@ -15,6 +15,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 
 #include <memory>
 
@@ -731,6 +732,18 @@ void TestGuide::highlightedButtons() {
     toolbar->actions().at(8)->setVisible(false);
     QCoreApplication::processEvents();
     QCOMPARE(highlighted(), (QStringList{u"Settimana"_s, u"Statistica"_s, u"Previsione"_s}));
+}
+
+void TestGuide::theToolbarStaysInSight() {
+    for (const int height : {200, 300, 700}) {
+        Guided guided;
+        guided.frame.setGeometry(20, 30, 460, height);
+        QCoreApplication::processEvents();
+        guided.frame.startTour(1);
+        const QRect window = guided.tour()->frameGeometry();
+        QVERIFY(window.top() >= guided.area()->mapToGlobal(QPoint()).y());
+        QVERIFY(guided.frame.screen()->availableGeometry().contains(window));
+    }
 }
 
 } // namespace quor::test

@@ -36,6 +36,7 @@ class TestGuide : public Test {
     void theProgramsEnd();
     void onlyOneTour();
     void highlightedButtons();
+    void theToolbarStaysInSight();
 };
 
 } // namespace quor::test
