@@ -42,6 +42,7 @@ FProj* MDIForm1::ensureSystemWindow() {
             if (m_newBiorhythm != nullptr && m_newBiorhythm->close()) {
                 m_newBiorhythm = nullptr;
             }
+            closeExportAndPrint();
         });
     }
     return m_system;

@@ -462,6 +462,57 @@ void TestSystemCommands::exportAndPrintGiveEverythingBack() {
     }
 }
 
+namespace {
+
+void expectExportWarning(Fixture& fixture) {
+    fixture.dialogs.expectBox(
+        u"Avviso"_s,
+        u"Durante l'esportazione non sarà possibile effettuare cambiamenti sul sistema.\nIl "
+        "controllo del sistema sarà ripristinato con la chiusura della finestra esportazioni."_s);
+}
+
+} // namespace
+
+/// Left open, the dialog for a new member would change the system that is being exported.
+void TestSystemCommands::theEntryWaitsForTheExport() {
+    for (const QString& button : {u"Command12"_s, u"Command14"_s}) {
+        Fixture fixture;
+        fixture.openSystemOfTwo();
+        fixture.tree()->setCurrentIndex(fixture.tree()->model()->index(1, 0));
+        fixture.press(u"Command1"_s);
+        const QPointer<FIns> entry = fixture.frame.findChild<FIns*>();
+        QVERIFY(entry->isEnabled());
+        expectExportWarning(fixture);
+        fixture.press(button);
+        QVERIFY(!entry->isEnabled());
+        QVERIFY(fixture.dialog(u"FEspBio"_s)->isEnabled());
+        fixture.dialog(u"FEspBio"_s)->close();
+        QVERIFY(fixture.dialogs.finished());
+        QVERIFY(!entry.isNull() && entry->isVisible() && entry->isEnabled());
+    }
+}
+
+void TestSystemCommands::theExportClosesWithTheSystem() {
+    Fixture fixture;
+    fixture.openSystemOfTwo();
+    fixture.program.biorhythm.name.clear(); // as when no member has been made current
+    fixture.program.state.modified = false;
+    expectExportWarning(fixture);
+    fixture.press(u"Command14"_s);
+    fixture.expectSystemClosing(Answer::no);
+    // The fast-start window, which is not locked, has this command.
+    fixture.frame.run(Command::mnuCalcola);
+    QVERIFY(fixture.dialog(u"FEspBio"_s) != nullptr);
+    fixture.expectSystemClosing(Answer::yes);
+    fixture.frame.run(Command::mnuCalcola);
+    QVERIFY(fixture.dialogs.finished());
+    QVERIFY(fixture.dialog(u"FEspBio"_s) == nullptr);
+    QVERIFY(!fixture.program.state.exportWholeSystem);
+    QVERIFY(fixture.menuIsEnabled(u"mnuFile"_s));
+    QVERIFY(fixture.menuIsEnabled(u"mnuBioritmi"_s));
+    QVERIFY(fixture.frame.findChild<QToolBar*>(u"Toolbar1"_s)->isEnabled());
+}
+
 void TestSystemCommands::quitting() {
     Fixture fixture;
     fixture.openSystemOfTwo();

@@ -31,6 +31,8 @@ class TestSystemCommands : public Test {
     void closingIsRefused();
     void savingAMemberKeepsTheSystemUnsaved();
     void exportAndPrintGiveEverythingBack();
+    void theEntryWaitsForTheExport();
+    void theExportClosesWithTheSystem();
     void quitting();
     void quittingAnEmptySystem();
     void theCloseBoxAsks();

@@ -120,6 +120,21 @@ class Fixture {
         return names;
     }
 
+    /// Of all buttons and the tree, what can be used.
+    [[nodiscard]] QStringList usable() const {
+        QStringList names;
+        for (int number = 1; number <= 15; ++number) {
+            const QString name = u"Command%1"_s.arg(number);
+            if (button(name)->isEnabled()) {
+                names << name;
+            }
+        }
+        if (tree()->isEnabled()) {
+            names << u"TreeView1"_s;
+        }
+        return names;
+    }
+
     void expectClosing(Answer answer) {
         dialogs.expectQuestion(u"Conferma"_s,
                                u"Questo comporterà la chiusura del sistema aperto attualmente. Si "
@@ -560,6 +575,73 @@ void TestFProj::inserting() {
     QCOMPARE(fixture.frame.calls.constLast(), u"run mnuApriBioritmo"_s);
     QVERIFY(!modifiedMeanwhile); // reading the file clears it; it is set after that
     QVERIFY(fixture.program.state.modified);
+}
+
+void TestFProj::whatATourLeavesUsable_data() {
+    QTest::addColumn<FProj::Usable>("usable");
+    QTest::addColumn<QStringList>("buttons");
+    QTest::newRow("nothing") << FProj::Usable::nothing << QStringList();
+    QTest::newRow("insertion") << FProj::Usable::insertion
+                               << QStringList{u"Command1"_s, u"Command2"_s};
+}
+
+void TestFProj::whatATourLeavesUsable() {
+    QFETCH(FProj::Usable, usable);
+    QFETCH(QStringList, buttons);
+    const QStringList always{u"Command1"_s, u"Command2"_s,  u"Command3"_s, u"Command8"_s,
+                             u"Command9"_s, u"Command10"_s, u"Command11"_s};
+    const auto everything = [&always](const QStringList& ofMembers) {
+        QStringList names;
+        for (int number = 1; number <= 15; ++number) {
+            const QString name = u"Command%1"_s.arg(number);
+            if (always.contains(name) || ofMembers.contains(name)) {
+                names << name;
+            }
+        }
+        return names << u"TreeView1"_s;
+    };
+    Fixture fixture;
+    QCOMPARE(fixture.usable(), everything({}));
+    fixture.window->setUsable(usable);
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.window->setUsable(FProj::Usable::everything);
+    QCOMPARE(fixture.usable(), everything({}));
+
+    // What the members ask for meanwhile shows afterwards, and not before.
+    fixture.window->setUsable(usable);
+    fixture.enter(u"Anna"_s);
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.window->fillTree();
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.window->setUsable(FProj::Usable::everything);
+    QCOMPARE(fixture.usable(), everything(allButtons()));
+
+    // The same with members from the start, and with a file that holds none.
+    fixture.window->setUsable(usable);
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.program.state.systemCount = 0;
+    fixture.window->fillTree();
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.window->setUsable(FProj::Usable::everything);
+    QCOMPARE(fixture.usable(), everything(systemButtons()));
+}
+
+void TestFProj::anExportDuringATour() {
+    Fixture fixture({u"Anna"_s});
+    fixture.expectExportWarning();
+    fixture.window->exportSystem();
+    QVERIFY(fixture.dialogs.finished());
+    fixture.window->setUsable(FProj::Usable::insertion);
+    QCOMPARE(fixture.usable(), QStringList());
+    fixture.window->unlock();
+    QCOMPARE(fixture.usable(), (QStringList{u"Command1"_s, u"Command2"_s}));
+
+    fixture.expectExportWarning();
+    fixture.window->exportSystem();
+    fixture.window->setUsable(FProj::Usable::everything);
+    QCOMPARE(fixture.usable(), QStringList());
+    fixture.window->unlock();
+    QCOMPARE(fixture.enabledButtons(), allButtons());
 }
 
 void TestFProj::systemViews() {

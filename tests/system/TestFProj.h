@@ -34,6 +34,9 @@ class TestFProj : public Test {
     void removingIsRefused();
     void removingTheLastOne();
     void inserting();
+    void whatATourLeavesUsable_data();
+    void whatATourLeavesUsable();
+    void anExportDuringATour();
     void systemViews();
     void compatibility();
     void systemViewsNeedMembers();
