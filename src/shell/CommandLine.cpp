@@ -101,7 +101,7 @@ QString usageText() {
            "\n"
            "Calcola i bioritmi di una persona o di un gruppo.\n"
            "\n"
-           "  --open [FILE]  apre un bioritmo (.bio) o un sistema (.brs); senza FILE niente\n"
+           "  --open [FILE]  apre un bioritmo (.bio) o un sistema (.brs), se indicato\n"
            "  --export FILE  esporta pagina e immagini di un bioritmo o di tutto un sistema,\n"
            "                 senza finestre e senza domande\n"
            "    --print      nella variante per la stampa\n"

@@ -2,14 +2,20 @@
 # Installs the package, uses the program, removes the package: all on a copy of this machine that
 # nobody else sees and that is gone afterwards. The machine itself is only read.
 #
-#   unshare --mount [--map-root-user] clean_place.sh FILE.deb EXAMPLES
+#   clean_place.sh FILE.deb EXAMPLES
 #
 # Run by test_packaging.py. Prints what went wrong and ends with 1; with 77 where such a copy
 # cannot be made.
 set -euo pipefail
+[ $# -eq 2 ]
+[ "$(id -u)" -eq 0 ] || exit 77
+# What is mounted from here on is mounted for this script alone.
+if [ -z "${QUOR_CLEAN_PLACE-}" ]; then
+    QUOR_CLEAN_PLACE=yes unshare --mount "$0" "$@"
+    exit
+fi
 package=$(realpath "$1")
 examples=$(realpath "$2")
-[ $# -eq 2 ]
 
 fail() {
     printf 'clean place: %s\n' "$*" >&2
@@ -18,16 +24,20 @@ fail() {
 
 # ---- the copy: writing goes to memory
 place=$(mktemp -d)
-trap 'rmdir "$place" 2>/dev/null || true' EXIT
+started=()
+finish() {
+    for process in "${started[@]}"; do
+        kill "$process" 2>/dev/null || true
+        wait "$process" 2>/dev/null || true
+    done
+    umount --recursive --lazy "$place" 2>/dev/null || true
+    rmdir "$place"
+}
+trap finish EXIT
 mount -t tmpfs tmpfs "$place" || exit 77
 mkdir "$place"/{changed,work,root}
-for more in "" ",userxattr"; do
-    if mount -t overlay overlay "$place/root" -o \
-        "lowerdir=/,upperdir=$place/changed,workdir=$place/work$more" 2>/dev/null; then
-        break
-    fi
-done
-mountpoint -q "$place/root" || exit 77
+mount -t overlay overlay "$place/root" \
+    -o "lowerdir=/,upperdir=$place/changed,workdir=$place/work" || exit 77
 root=$place/root
 mount --rbind /dev "$root/dev"
 mount --rbind /proc "$root/proc"
@@ -36,17 +46,11 @@ mkdir -m 777 "$root/tmp/home" "$root/tmp/.X11-unix"
 cp "$package" "$root/tmp/quor.deb"
 cp -r "$examples" "$root/tmp/examples"
 
-inside() { chroot "$root" env -i PATH="$PATH" LC_ALL=C.UTF-8 "$@"; }
-# Somebody who may not write under /usr. Where root is only a name there is nobody else to be;
-# then the folders tell.
-somebody=()
-read -r _ _ users </proc/self/uid_map
-if [ "$users" -gt 65534 ]; then
-    somebody=(--userspec=65534:65534)
-fi
-as_user() {
-    chroot "${somebody[@]}" "$root" env -i PATH="$PATH" LC_ALL=C.UTF-8 HOME=/tmp/home DISPLAY="${display-}" "$@"
-}
+surroundings=(env -i "PATH=$PATH" LC_ALL=C.UTF-8)
+inside() { chroot "$root" "${surroundings[@]}" "$@"; }
+# Somebody who may not write under /usr.
+user=(chroot --userspec=65534:65534 "$root" "${surroundings[@]}" HOME=/tmp/home)
+as_user() { "${user[@]}" "$@"; }
 
 # If the package is on the machine already, it is none of the copy.
 inside dpkg --purge quor >/dev/null 2>&1 || true
@@ -56,7 +60,7 @@ find "$place/changed" -mindepth 1 | sort >"$place/before"
 inside dpkg --install /tmp/quor.deb >"$place/log" 2>&1 || fail "not installed: $(cat "$place/log")"
 [ "$(inside dpkg-query --show --showformat='${db:Status-Status}' quor)" = installed ] ||
     fail "not installed"
-inside dpkg --verify quor || fail "installed files differ from the package"
+[ -z "$(inside dpkg --verify quor)" ] || fail "installed files differ from the package"
 for program in quor quor-render; do
     if as_user ldd "/usr/bin/$program" | grep "not found"; then
         fail "$program lacks libraries"
@@ -83,7 +87,7 @@ as_user quor-render "${file:?}" /tmp/home/page.pdf || fail "the page is not set"
 [ "$(head -c 5 "$root/tmp/home/page.pdf")" = "%PDF-" ] || fail "the page is no PDF file"
 
 Xvfb -displayfd 3 -nolisten tcp 3>"$place/display" >/dev/null 2>&1 &
-xserver=$!
+started+=($!)
 for _ in {1..100}; do
     [ ! -s "$place/display" ] || break
     sleep 0.1
@@ -95,8 +99,10 @@ export DISPLAY=$display
 # The question about the date would stand in the way: the person's day becomes today.
 day=$(date +%F)
 sed -i "3s/.*/#$day#\r/" "$root/tmp/examples/Giulia Ferraro.bio"
-as_user quor --open "/tmp/examples/Giulia Ferraro.bio" >"$place/said" 2>&1 &
+"${user[@]}" "DISPLAY=$display" quor --open "/tmp/examples/Giulia Ferraro.bio" \
+    >"$place/said" 2>&1 &
 program=$!
+started+=("$program")
 timeout 30 xdotool search --sync --onlyvisible --name '^Quor$' >"$place/window" || fail "no window"
 window=$(tail -1 "$place/window")
 class=$(xprop -id "$window" WM_CLASS)
@@ -108,12 +114,9 @@ sleep 0.5
 xdotool key F1
 timeout 30 xdotool search --sync --onlyvisible --name '^Guida di Quor' >/dev/null ||
     fail "no help"
-# The program itself, not what started it.
-kill -TERM "$(xprop -id "$window" _NET_WM_PID | sed 's/.* //')"
+kill -TERM "$program"
 wait "$program" || fail "the program ended with $?: $(cat "$place/said")"
 [ ! -s "$place/said" ] || fail "the program said: $(cat "$place/said")"
-kill "$xserver"
-wait "$xserver" 2>/dev/null || true
 
 # Nothing of the user's outside the user's folders.
 written=$(find "$place/changed" -newer "$place/stamp" -type f)

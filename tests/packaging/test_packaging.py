@@ -209,10 +209,12 @@ class DebianPackageTest(Folder):
         self.assertEqual(warnings, EXPLAINED_WARNINGS)
 
     def test_clean_place(self):
-        as_root = [] if os.geteuid() == 0 else ["--map-root-user"]
-        result = run("unshare", "--mount", *as_root, HERE / "clean_place.sh", self.package,
+        as_root = [] if os.geteuid() == 0 else ["sudo", "--non-interactive"]
+        if as_root and (not shutil.which("sudo") or run(*as_root, "true").returncode != 0):
+            self.skipTest("only root can make a copy of this machine")
+        result = run(*as_root, HERE / "clean_place.sh", self.package,
                      SOURCES / "examples")
-        if result.returncode == 77 or "unshare failed" in result.stderr:
+        if result.returncode == 77:
             self.skipTest(f"no copy of this machine can be made: {result.stderr}")
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         self.assertEqual(result.stdout, "installed, used, removed\n")
