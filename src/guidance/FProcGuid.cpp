@@ -3,6 +3,7 @@
 #include "toolkit/ImageList.h"
 
 #include <QFontInfo>
+#include <QMainWindow>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -165,6 +166,12 @@ void FProcGuid::showEvent(QShowEvent* event) {
     const int gap = 2 * style()->pixelMetric(QStyle::PM_LayoutRightMargin);
     QRect place(QPoint(), size().grownBy(border));
     place.moveBottomRight(inner.bottomRight() - QPoint(gap, gap + frame->fontMetrics().height()));
+    // Below the toolbar even of a low frame, whose lower edge it then reaches over.
+    if (const auto* window = qobject_cast<const QMainWindow*>(frame);
+        window != nullptr && window->centralWidget() != nullptr) {
+        const QWidget* inside = window->centralWidget();
+        place.moveTop(std::max(place.top(), inside->mapToGlobal(QPoint()).y()));
+    }
     const QRect screenArea = frame->screen()->availableGeometry();
     place.moveRight(std::min(place.right(), screenArea.right()));
     place.moveBottom(std::min(place.bottom(), screenArea.bottom()));

@@ -180,6 +180,7 @@ void MDIForm1::applyBiorhythm() {
     biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
     if (m_program.state.systemOpen) {
         ensureSystemWindow()->addMember(biorhythm.name);
+        showCalculationDate(); // it may be another one even where the member was refused
         return;
     }
     setStatusPanel(StatusPanel::person, u"Nome: "_s + biorhythm.name);

@@ -96,7 +96,6 @@ StartRequest parseArguments(const QStringList& arguments) {
 QString usageText() {
     return u"Uso: quor [OPZIONE]\n"
            "     quor '\"FILE\"'\n"
-           "\n"
            "     quor --export FILE [--print] [--output DIR] [--date DATA]\n"
            "\n"
            "Calcola i bioritmi di una persona o di un gruppo.\n"

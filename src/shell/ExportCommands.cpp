@@ -4,6 +4,7 @@
 
 #include "export/FEspBio.h"
 #include "export/FStampaBio.h"
+#include "shell/FIns.h"
 #include "system/FProj.h"
 
 namespace quor {
@@ -30,6 +31,9 @@ void MDIForm1::showExport(const QString& caption) {
         });
     }
     m_export->setWindowTitle(caption);
+    if (m_newBiorhythm != nullptr && m_program.state.exportWholeSystem) {
+        m_newBiorhythm->setEnabled(false); // it would give the system a member meanwhile
+    }
     bringUp(m_export);
 }
 
@@ -45,7 +49,7 @@ void MDIForm1::showPrint(PrintMode mode) {
     bringUp(m_print);
 }
 
-/// Closing the biorhythm closes the windows that export and print it.
+/// Closing the biorhythm or the system closes the windows that export and print it.
 void MDIForm1::closeExportAndPrint() {
     if (m_export != nullptr) {
         m_export->close();
@@ -61,6 +65,9 @@ void MDIForm1::unlock() {
     setMenuEnabled(Menu::mnuFile, true);
     setToolbarEnabled(true);
     m_program.state.exportWholeSystem = false;
+    if (m_newBiorhythm != nullptr) {
+        m_newBiorhythm->setEnabled(true);
+    }
     if (m_system != nullptr) {
         m_system->unlock();
     }

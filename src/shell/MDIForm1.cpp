@@ -411,8 +411,9 @@ void MDIForm1::arrangeChildren(Command command) {
 /// command's affair; the request itself never closes the frame.
 void MDIForm1::closeEvent(QCloseEvent* event) {
     event->ignore();
-    // While an export or a print has disabled the frame, its own window is the one to close.
-    if (!m_ending && isEnabled()) {
+    // While an export or a print has taken the frame or the system over, its own window is the one
+    // to close.
+    if (!m_ending && isEnabled() && !m_program.state.exportWholeSystem) {
         quit();
     }
 }

@@ -1,5 +1,7 @@
 #include "shell/StatusLabel.h"
 
+#include "toolkit/ToolTipText.h"
+
 #include <QPainter>
 #include <QStyle>
 
@@ -15,8 +17,7 @@ StatusLabel::StatusLabel(QWidget* parent)
 
 void StatusLabel::setFullText(const QString& text) {
     setText(text);
-    // An escaped tooltip shows a name as it was typed, not as markup.
-    setToolTip(text.toHtmlEscaped());
+    setToolTip(toolTipText(text));
 }
 
 void StatusLabel::paintEvent(QPaintEvent* /*event*/) {

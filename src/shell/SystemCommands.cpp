@@ -38,9 +38,11 @@ FProj* MDIForm1::ensureSystemWindow() {
         m_system = new FProj(m_program, *this);
         connect(m_system, &ChildWindow::closed, this, [this] {
             m_system = nullptr;
-            if (m_newBiorhythm != nullptr) {
-                m_newBiorhythm->close(); // it was to give the system a member
+            // The entry was to give the system a member. It is not gone yet once it has closed.
+            if (m_newBiorhythm != nullptr && m_newBiorhythm->close()) {
+                m_newBiorhythm = nullptr;
             }
+            closeExportAndPrint();
         });
     }
     return m_system;

@@ -6,6 +6,7 @@
 #include "toolkit/ImageList.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
+#include "toolkit/ToolTipText.h"
 #include "views/analysis/FComp.h"
 #include "views/analysis/FPrev.h"
 #include "views/analysis/FPrevMed.h"
@@ -419,7 +420,7 @@ void FProj::showNodeTip(QPoint position) {
     const QRect area = tree->visualRect(node);
     const bool isCut = node.isValid() && tree->sizeHintForIndex(node).width() > area.width();
     QToolTip::showText(tree->viewport()->mapToGlobal(position),
-                       isCut ? node.data().toString().toHtmlEscaped() : QString(), tree->viewport(),
+                       isCut ? toolTipText(node.data().toString()) : QString(), tree->viewport(),
                        area);
 }
 
@@ -443,8 +444,11 @@ void FProj::closeEvent(QCloseEvent* event) {
             return;
         }
     }
+    if (m_compatibility != nullptr) {
+        m_compatibility->closeWindow(); // there is one at a time, and another system has its own
+    }
+    m_tree->clear(); // before the members go: closing other windows may have this one painted
     closeSystem(m_program, m_frame);
-    m_tree->fill(); // with the members' list gone
     ChildWindow::closeEvent(event);
 }
 

@@ -103,7 +103,7 @@ class FProj : public ChildWindow {
     Frame& m_frame;
     std::unique_ptr<Ui::FProj> m_ui;
     SystemTreeModel* m_tree = nullptr;
-    QPointer<ChildWindow> m_compatibility; ///< FComp while it is open
+    QPointer<ChildWindow> m_compatibility; ///< FComp while it is open; it closes with the system
     // What the members leave usable, and the tour.
     bool m_systemUsable = false; ///< what concerns the system as a whole, and removing
     bool m_memberUsable = false; ///< export and printing

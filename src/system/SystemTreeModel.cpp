@@ -54,6 +54,13 @@ void SystemTreeModel::showAll() {
     endInsertRows();
 }
 
+void SystemTreeModel::clear() {
+    beginResetModel();
+    m_branches.clear();
+    m_shownRows = 0;
+    endResetModel();
+}
+
 bool SystemTreeModel::addMember(SystemMember member) {
     if (m_state.systemCount == std::numeric_limits<std::int16_t>::max()) {
         return false;

@@ -42,6 +42,9 @@ class SystemTreeModel : public QAbstractItemModel {
     void fill();
     void showAll();
 
+    /// Shows no member any more: to be called before the list of members goes.
+    void clear();
+
     /// Puts a member at the end of the list and of the tree.
     /// @return false, and nothing changes, when the system has the largest number of members
     bool addMember(SystemMember member);

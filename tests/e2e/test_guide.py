@@ -57,6 +57,13 @@ VIEW_BUTTONS = ["Apre la finestra Grafico", "Apre la finestra Grafico settimanal
 CLOSING_SYSTEM = ("Questo comporterà la chiusura del sistema aperto attualmente. Si desidera "
                   "continuare ugualmente?")
 
+# What can be pressed in the system window, on all its tabs.
+INSERT_BUTTONS = ["Inserisci nuovo", "Inserisci un bioritmo esistente"]
+WITHOUT_MEMBERS = [*INSERT_BUTTONS, "Compatibilità bioritmica", "Grafici e colori",
+                   "Sposta data di calcolo", "?", "Chiudi"]
+WITH_MEMBERS = [*WITHOUT_MEMBERS, "Rimuovi", "Grafico", "Statistiche", "Previsioni", "Esporta",
+                "Esporta come file bioritmo", "Esporta tutto il sistema", "Stampa"]
+
 # What a program offers by itself: in the menus, then on the toolbar.
 WITHOUT_DATA = (
     ["Nuovo sistema", "Apri sistema", "Esci dal Quor", "Calcola nuovo", "Apri bioritmo",
@@ -127,6 +134,26 @@ class GuideTestCase(ProgramTestCase):
 
         poll(is_expected, 2)
         self.assertEqual(seen, list(expected), when)
+
+    def assert_system(self, expected, when=None):
+        """What can be pressed in the system window, on whichever tab, and whether its tree can."""
+        system = self.program.window("Sistema corrente")
+        seen = []
+
+        def is_expected():
+            nodes = list(walk(system, showing=False))
+            buttons = [plain(name_of(node)) for node in nodes
+                       if role_of(node) == "push button" and is_enabled(node)]
+            buttons = [name for name in buttons if name in WITH_MEMBERS]  # not those of the tabs
+            trees = [is_enabled(node) for node in nodes
+                     if role_of(node) in ("tree", "tree table")]
+            seen[:] = [sorted(buttons), trees]
+            return seen == wanted
+
+        free = "Chiudi" in expected
+        wanted = [sorted(expected), [free]]
+        poll(is_expected, 2)
+        self.assertEqual(seen, wanted, when)
 
     # -- the tour's window ---------------------------------------------------
 
@@ -326,11 +353,20 @@ class TourTest(GuideTestCase):
             self.assertEqual(self.picture(tour),
                              "Pulsante: Calcola un nuovo sistema" if number == 2 else None)
             self.assert_usable(([], []), text)
-            if number == 3:
-                program.window("Sistema corrente")
+            if number >= 3:
+                self.assert_system(INSERT_BUTTONS if number == 4 else [], text)
+            if number == 4:
+                program.click(program.button(program.window("Sistema corrente"),
+                                             "Inserisci nuovo"))
+                self.fill_in(program.dialog("Inserimento"))
+                # The member is there, and nothing more can be done with it yet.
+                program.find(name="Bioritmo di Maria Rossi",
+                             parent=program.window("Sistema corrente"))
+                self.assert_system(INSERT_BUTTONS, "with a member")
+                self.assert_usable(([], []), "with a member")
             self.next(tour)
         program.wait_gone(tour)
-        program.window("Sistema corrente")
+        self.assert_system(WITH_MEMBERS)
         self.assert_usable(WITH_SYSTEM)
         self.assertEqual(program.terminate(), 0)
 
@@ -366,9 +402,11 @@ class TourTest(GuideTestCase):
         # And another tour can be started.
         tour = self.start_tour(2)
         self.walk_to(tour, SECOND_TOUR, 4)
+        self.assert_system([])
         program.key("Escape")
         program.wait_gone(tour)
         self.assert_usable(WITH_SYSTEM)
+        self.assert_system(WITHOUT_MEMBERS)
         self.assertEqual(program.terminate(), 0)
 
     def test_a_refusal_ends_it(self):
@@ -425,6 +463,31 @@ class TourTest(GuideTestCase):
         self.walk_to(tour, FIRST_TOUR, 4)
         self.next(tour)
         program.dialog("Inserimento")
+        program.send_signal(signal.SIGTERM)
+        self.assertEqual(program.wait_exit(), 0, program.stderr_text())
+
+    def test_sigterm_in_the_system(self):
+        program = self.program
+        check = program.checkbox(self.greeting(), "Mostra questa finestra al prossimo avvio")
+        program.click(check)
+        wait_for(lambda: not is_checked(check), "the box stays set")
+        tour = self.start_tour(2)
+        self.walk_to(tour, SECOND_TOUR, 5)
+        program.click(program.button(program.window("Sistema corrente"), "Inserisci nuovo"))
+        program.dialog("Inserimento")
+        program.send_signal(signal.SIGTERM)
+        self.assertEqual(program.wait_exit(), 0, program.stderr_text())
+        with open(settings_file(program.home), encoding="utf-8") as file:
+            self.assertIn("FastStart=FALSE", file.read())
+
+    def test_sigterm_at_its_question(self):
+        program = self.program
+        program.click(program.button(self.greeting(), "Calcola un nuovo bioritmo"))
+        self.fill_in(program.dialog("Inserimento"))
+        tour = self.start_tour(2)
+        self.walk_to(tour, SECOND_TOUR, 3)
+        self.next(tour)
+        program.message_box("Conferma")
         program.send_signal(signal.SIGTERM)
         self.assertEqual(program.wait_exit(), 0, program.stderr_text())
 

@@ -130,9 +130,10 @@ class InstalledTreeTest(Folder):
         self.assertEqual(done.returncode, 0, done.stderr)
         component = self.check_metainfo(build / f"packaging/{APP_ID}.metainfo.xml")
         self.assertEqual(component.findtext("url[@type='homepage']"), address)
-        picture = component.findtext("screenshots/screenshot[@type='default']/image")
-        self.assertTrue(picture.startswith(f"{address}/images/"))
-        self.assertTrue((SOURCES / "docs/images" / pathlib.PurePosixPath(picture).name).exists())
+        pictures = [node.text for node in component.iter("image")]
+        images = {file.name for file in (SOURCES / "docs/images").iterdir()}
+        self.assertEqual(set(pictures), {f"{address}/images/{name}" for name in images})
+        self.assertEqual(len(component.findall("screenshots/screenshot[@type='default']")), 1)
         config = (build / "CPackConfig.cmake").read_text()
         self.assertIn(f'set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "{address}")', config)
         self.assertIn(f"The project lives at {address}.", config)

@@ -114,9 +114,9 @@ void TestCommandLine::endings() {
     QCOMPARE(static_cast<int>(fileKind(path)), kind);
 }
 
-void TestCommandLine::usageNamesEveryOption() {
+void TestCommandLine::usageNamesEveryOptionAndFile() {
     for (const QString& option : {u"--open"_s, u"--export"_s, u"--print"_s, u"--output"_s,
-                                  u"--date"_s, u"--help"_s, u"--version"_s}) {
+                                  u"--date"_s, u"--help"_s, u"--version"_s, u".bio"_s, u".brs"_s}) {
         QVERIFY(usageText().contains(option));
     }
 }

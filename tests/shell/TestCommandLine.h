@@ -16,7 +16,7 @@ class TestCommandLine : public Test {
     void firstAndLastCharacterGo();
     void endings_data();
     void endings();
-    void usageNamesEveryOption();
+    void usageNamesEveryOptionAndFile();
 };
 
 } // namespace quor::test

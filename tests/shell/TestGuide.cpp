@@ -15,6 +15,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 
 #include <memory>
 
@@ -84,6 +85,32 @@ class Guided : public FrameFixture {
         }
         return names;
     }
+    /// Names of the system window's buttons that are usable, and of its tree.
+    [[nodiscard]] QStringList systemButtons() const {
+        QStringList names;
+        for (int number = 1; number <= 15; ++number) {
+            const QString name = u"Command%1"_s.arg(number);
+            if (systemControl(name)->isEnabled()) {
+                names << name;
+            }
+        }
+        if (systemControl(u"TreeView1"_s)->isEnabled()) {
+            names << u"TreeView1"_s;
+        }
+        return names;
+    }
+    [[nodiscard]] QWidget* systemControl(const QString& name) const {
+        return system()->findChild<QWidget*>(name);
+    }
+    void pressInSystem(const QString& name) const {
+        QTest::mouseClick(systemControl(name), Qt::LeftButton);
+    }
+    void exportSystem() {
+        dialogs.expectBox(
+            u"Avviso"_s,
+            u"Durante l'esportazione non sarà possibile effettuare cambiamenti sul sistema.\nIl controllo del sistema sarà ripristinato con la chiusura della finestra esportazioni."_s);
+        frame.run(Command::mnuEsportaSistema);
+    }
     [[nodiscard]] bool isUntouchedByTours() const {
         return tour() == nullptr && program.state.guidedProcedureActive == 0 &&
                !program.state.guidedStepDone && frame.findChildren<ToolHighlight*>().isEmpty() &&
@@ -108,6 +135,26 @@ QStringList usableWithPerson() {
 
 QStringList usableWithSystem() {
     return usableWithout([](Guided& guided) { guided.frame.run(Command::mnuNuovoSistema); });
+}
+
+/// The buttons of a system with members, or without, outside of tours.
+const QStringList& buttonsWithMembers() {
+    static const QStringList names{u"Command1"_s,  u"Command2"_s,  u"Command3"_s,  u"Command4"_s,
+                                   u"Command5"_s,  u"Command6"_s,  u"Command7"_s,  u"Command8"_s,
+                                   u"Command9"_s,  u"Command10"_s, u"Command11"_s, u"Command12"_s,
+                                   u"Command13"_s, u"Command14"_s, u"Command15"_s, u"TreeView1"_s};
+    return names;
+}
+
+const QStringList& buttonsWithoutMembers() {
+    static const QStringList names{u"Command1"_s, u"Command2"_s,  u"Command3"_s,  u"Command8"_s,
+                                   u"Command9"_s, u"Command10"_s, u"Command11"_s, u"TreeView1"_s};
+    return names;
+}
+
+const QStringList& insertButtons() {
+    static const QStringList names{u"Command1"_s, u"Command2"_s};
+    return names;
 }
 
 } // namespace
@@ -246,18 +293,21 @@ void TestGuide::secondTour() {
     }
     QCOMPARE(guided.children(), QStringList{u"Sistema corrente"_s});
     QCOMPARE(guided.usable(), QStringList());
-    QVERIFY(guided.system()->usable() == FProj::Usable::nothing);
+    QCOMPARE(guided.systemButtons(), QStringList());
     guided.next();
     QCOMPARE(guided.usable(), QStringList());
-    QVERIFY(guided.system()->usable() == FProj::Usable::insertion);
-    guided.frame.showBiorhythmEntry(); // as the system window's button does
+    QCOMPARE(guided.systemButtons(), insertButtons());
+    guided.pressInSystem(u"Command1"_s);
     guided.fillIn();
     QCOMPARE(guided.program.state.systemCount, std::int16_t{1});
     QVERIFY(guided.tour() != nullptr);
+    QCOMPARE(guided.systemButtons(), insertButtons()); // with a member too
+    QCOMPARE(guided.usable(), QStringList());
     guided.next();
-    QVERIFY(guided.system()->usable() == FProj::Usable::nothing);
+    QCOMPARE(guided.systemButtons(), QStringList());
     guided.next(); // FINE
     QVERIFY(guided.isUntouchedByTours());
+    QCOMPARE(guided.systemButtons(), buttonsWithMembers());
     QCOMPARE(guided.usable(), usableWithSystem());
 }
 
@@ -396,6 +446,167 @@ void TestGuide::theSystemsEntryIsNotHeld() {
     QVERIFY(guided.tour() != nullptr);
 }
 
+/// Left open at the end of the tour, it still belongs to the system and keeps nobody waiting.
+void TestGuide::theSystemsEntryOutlivesTheTour() {
+    Guided guided;
+    guided.frame.startTour(2);
+    guided.next(4);
+    guided.pressInSystem(u"Command1"_s);
+    guided.next(2); // FINE
+    QVERIFY(guided.isUntouchedByTours());
+    QVERIFY(guided.entry()->isVisible() && !guided.entry()->isModal());
+    QCOMPARE(guided.systemButtons(), buttonsWithoutMembers());
+    guided.fillIn();
+    QVERIFY(guided.entry() == nullptr);
+    QCOMPARE(guided.systemButtons(), buttonsWithMembers());
+    QVERIFY(!guided.program.state.guidedStepDone);
+}
+
+void TestGuide::theSystemsButtonsComeBack_data() {
+    QTest::addColumn<int>("step");
+    QTest::addColumn<QString>("by");
+    for (const int step : {4, 5, 6}) {
+        for (const QString& by : {u"close"_s, u"reject"_s, u"delete"_s}) {
+            QTest::addRow("%s in step %d", qPrintable(by), step) << step << by;
+        }
+    }
+}
+
+void TestGuide::theSystemsButtonsComeBack() {
+    QFETCH(int, step);
+    QFETCH(QString, by);
+    Guided guided;
+    guided.frame.startTour(2);
+    guided.next(step - 1);
+    guided.enter(u"Anna"_s); // whatever is locked, a member is a member
+    QCOMPARE(guided.systemButtons(), step == 5 ? insertButtons() : QStringList());
+    if (by == u"close"_s) {
+        guided.tour()->close();
+    } else if (by == u"reject"_s) {
+        guided.tour()->reject();
+    } else {
+        delete guided.tour();
+    }
+    QVERIFY(guided.isUntouchedByTours());
+    QCOMPARE(guided.systemButtons(), buttonsWithMembers());
+    QCOMPARE(guided.usable(), usableWithSystem());
+}
+
+void TestGuide::insertingAFile() {
+    Guided guided;
+    guided.frame.startTour(2);
+    guided.next(4);
+    guided.expectFile(FileMode::open, {}); // cancelled
+    guided.pressInSystem(u"Command2"_s);
+    guided.expectFile(FileMode::open, guided.write(u"Anna"_s));
+    guided.pressInSystem(u"Command2"_s);
+    QVERIFY(guided.dialogs.finished());
+    QCOMPARE(guided.program.state.systemCount, std::int16_t{1});
+    QCOMPARE(guided.systemButtons(), insertButtons());
+    QCOMPARE(guided.usable(), QStringList());
+    guided.next(2);
+    QCOMPARE(guided.systemButtons(), buttonsWithMembers());
+}
+
+/// They run the plain commands, with their questions, and whatever the answer the window goes.
+void TestGuide::choicesAskAboutWhatIsOpen() {
+    for (const QString& choice : {u"Frame1"_s, u"Frame2"_s}) {
+        for (const Answer answer : {Answer::no, Answer::yes}) {
+            Guided guided;
+            guided.enter();
+            guided.program.state.modified = false;
+            guided.frame.run(Command::mnuProcedureGuidate);
+            guided.expectClosing(answer);
+            auto* window = guided.frame.findChild<FFastStart*>();
+            QTest::mouseClick(window->findChild<QWidget*>(choice), Qt::LeftButton);
+            QVERIFY(guided.dialogs.finished());
+            QVERIFY(!guided.children().contains(u"Quor Procedure guidate"_s));
+            const bool yes = answer == Answer::yes;
+            QCOMPARE(guided.program.biorhythm.isPresent(), !yes);
+            QCOMPARE(guided.entry() != nullptr, yes && choice == u"Frame1"_s);
+            QCOMPARE(guided.system() != nullptr, yes && choice == u"Frame2"_s);
+            QCOMPARE(guided.program.state.guidedProcedureActive, std::uint8_t{0});
+        }
+    }
+}
+
+void TestGuide::theGreetingIsKeptAtEveryEnd() {
+    const FixedClock clock(QDate(2026, 11, 21));
+    const QTemporaryDir folder;
+    const auto stored = [] { return getSetting(u"Options"_s, u"FastStart"_s); };
+    for (const QString& end :
+         {u"Command1"_s, u"Frame1"_s, u"Command3"_s, u"close box"_s, u"quit"_s, u"session"_s}) {
+        QVERIFY(saveSetting(u"Options"_s, u"FastStart"_s, u"TRUE"_s));
+        Program program;
+        auto frame = std::make_unique<MDIForm1>(program, folder.path());
+        frame->show();
+        frame->start({});
+        auto* window = frame->findChild<FFastStart*>();
+        window->findChild<QCheckBox*>(u"Check1"_s)->click();
+        QCOMPARE(stored(), u"TRUE"_s); // not before it closes
+        if (end == u"close box"_s) {
+            window->parentWidget()->close();
+        } else if (end == u"quit"_s) {
+            frame->run(Command::mnuEsci);
+            frame.reset();
+        } else if (end == u"session"_s) {
+            frame.reset();
+        } else {
+            window->findChild<QAbstractButton*>(end)->click();
+        }
+        QVERIFY2(stored() == u"FALSE"_s, qPrintable(end));
+        QCOMPARE(program.state.fastStart, u"FALSE"_s);
+    }
+}
+
+/// The window stands beside the frame; when it closes it gives back what an export locks, and
+/// nothing of what the tour locks.
+void TestGuide::anExportOfThePersonDuringATour() {
+    Guided guided;
+    guided.enter();
+    guided.program.state.modified = false;
+    guided.frame.run(Command::mnuEsporta);
+    guided.frame.startTour(1);
+    guided.dialog(u"FEspBio"_s)->close();
+    QVERIFY(guided.dialog(u"FEspBio"_s) == nullptr);
+    QCOMPARE(guided.usable(), QStringList());
+    guided.tour()->close();
+    QCOMPARE(guided.usable(), usableWithPerson());
+}
+
+void TestGuide::anExportOfTheSystemDuringATour() {
+    for (const bool closedFirst : {true, false}) {
+        Guided guided;
+        guided.frame.run(Command::mnuNuovoSistema);
+        guided.enter(u"Anna"_s);
+        guided.program.biorhythm.name.clear(); // as with a system from a file
+        guided.program.state.modified = false;
+        guided.exportSystem();
+        QVERIFY(guided.dialog(u"FEspBio"_s) != nullptr);
+        guided.frame.startTour(2);
+        if (closedFirst) {
+            guided.dialog(u"FEspBio"_s)->close();
+            QCOMPARE(guided.usable(), QStringList());
+            QCOMPARE(guided.systemButtons(), QStringList());
+        }
+        guided.next(2);
+        guided.expectClosingSystem(Answer::yes);
+        guided.next();
+        // The system is gone, and with it what was exporting it.
+        QVERIFY(guided.dialog(u"FEspBio"_s) == nullptr);
+        QVERIFY(!guided.program.state.exportWholeSystem);
+        guided.next();
+        QCOMPARE(guided.usable(), QStringList());
+        QCOMPARE(guided.systemButtons(), insertButtons());
+        guided.next(2);
+        QVERIFY(guided.dialogs.finished());
+        QCOMPARE(guided.systemButtons(), buttonsWithoutMembers());
+        QCOMPARE(guided.usable(), usableWithSystem());
+        QVERIFY(guided.frame.findChild<QToolBar*>(u"Toolbar1"_s)->isEnabled());
+        QVERIFY(guided.frame.findChild<QMenu*>(u"mnuFile"_s)->isEnabled());
+    }
+}
+
 void TestGuide::quittingEndsTheTour() {
     for (const int steps : {0, 4, 5}) {
         Guided guided;
@@ -405,6 +616,29 @@ void TestGuide::quittingEndsTheTour() {
             guided.fillIn();
             guided.expectClosing(Answer::yes);
             guided.expectSaving(Answer::no);
+        }
+        guided.frame.close();
+        QVERIFY(guided.dialogs.finished());
+        QCOMPARE(guided.ended.count(), 1);
+        QVERIFY(guided.isUntouchedByTours());
+    }
+}
+
+void TestGuide::quittingEndsTheSystemsTour() {
+    for (const bool withMember : {false, true}) {
+        Guided guided;
+        guided.frame.startTour(2);
+        guided.next(4);
+        guided.pressInSystem(u"Command1"_s);
+        if (withMember) {
+            guided.fillIn();
+            guided.program.state.modified = false;
+            guided.expectClosingSystem(Answer::no);
+            guided.frame.close();
+            QCOMPARE(guided.ended.count(), 0);
+            QVERIFY(guided.tour() != nullptr);
+            QCOMPARE(guided.systemButtons(), insertButtons());
+            guided.expectClosingSystem(Answer::yes);
         }
         guided.frame.close();
         QVERIFY(guided.dialogs.finished());
@@ -498,6 +732,18 @@ void TestGuide::highlightedButtons() {
     toolbar->actions().at(8)->setVisible(false);
     QCoreApplication::processEvents();
     QCOMPARE(highlighted(), (QStringList{u"Settimana"_s, u"Statistica"_s, u"Previsione"_s}));
+}
+
+void TestGuide::theToolbarStaysInSight() {
+    for (const int height : {200, 300, 700}) {
+        Guided guided;
+        guided.frame.setGeometry(20, 30, 460, height);
+        QCoreApplication::processEvents();
+        guided.frame.startTour(1);
+        const QRect window = guided.tour()->frameGeometry();
+        QVERIFY(window.top() >= guided.area()->mapToGlobal(QPoint()).y());
+        QVERIFY(guided.frame.screen()->availableGeometry().contains(window));
+    }
 }
 
 } // namespace quor::test

@@ -22,11 +22,21 @@ class TestGuide : public Test {
     void closingTheSystemEndsTheTour();
     void endingWhileThePersonIsEntered();
     void theSystemsEntryIsNotHeld();
+    void theSystemsEntryOutlivesTheTour();
+    void theSystemsButtonsComeBack_data();
+    void theSystemsButtonsComeBack();
+    void insertingAFile();
+    void choicesAskAboutWhatIsOpen();
+    void theGreetingIsKeptAtEveryEnd();
+    void anExportOfThePersonDuringATour();
+    void anExportOfTheSystemDuringATour();
     void quittingEndsTheTour();
+    void quittingEndsTheSystemsTour();
     void aRefusedQuitDoesNot();
     void theProgramsEnd();
     void onlyOneTour();
     void highlightedButtons();
+    void theToolbarStaysInSight();
 };
 
 } // namespace quor::test

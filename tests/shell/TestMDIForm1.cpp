@@ -22,6 +22,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QTextDocument>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -113,6 +114,17 @@ void TestMDIForm1::applyingABiorhythm() {
     QCOMPARE(fixture.disabledTools(), QList<int>{3});
     QCOMPARE(fixture.disabledCommands(), systemCommands());
     QCOMPARE(fixture.children(), QStringList{u"Grafico di Maria Rossi"_s});
+}
+
+void TestMDIForm1::theTipOfAPanelSaysItsText() {
+    FrameFixture fixture;
+    const QString name = u"Anna & \"Lia\""_s;
+    fixture.enter(name);
+    const QString tip = fixture.frame.statusBar()->findChild<QLabel*>()->toolTip();
+    QVERIFY(Qt::mightBeRichText(tip));
+    QTextDocument shown;
+    shown.setHtml(tip);
+    QCOMPARE(shown.toPlainText(), u"Nome: "_s + name);
 }
 
 void TestMDIForm1::noViewChosen() {

@@ -12,6 +12,7 @@ class TestMDIForm1 : public Test {
     void menusAndToolbar();
     void whatStartsDisabled();
     void applyingABiorhythm();
+    void theTipOfAPanelSaysItsText();
     void noViewChosen();
     void openingAFile();
     void openingAFileOfToday();

@@ -172,6 +172,19 @@ void TestSystemCommands::aNameOnlyOnce() {
              (QStringList{u"Bioritmo di Anna"_s, u"Bioritmo di Bruno"_s, u"Bioritmo di ANNA"_s}));
 }
 
+void TestSystemCommands::aRefusedNameMayBringAnotherDate() {
+    // The entry has stored its calculation date by then, and the status bar does not hide it.
+    Fixture fixture;
+    fixture.openSystemOfTwo();
+    fixture.program.biorhythm.calculationDate = toDateValue(QDate(2010, 1, 31));
+    fixture.dialogs.expectBox(
+        u"Errore"_s, u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s);
+    fixture.frame.applyBiorhythm();
+    QVERIFY(fixture.dialogs.finished());
+    QCOMPARE(fixture.panels().at(2), u"Data in esame per il calcolo: 31/01/2010"_s);
+    QCOMPARE(fixture.panels().at(1), u"2 bioritmi nel sistema"_s);
+}
+
 void TestSystemCommands::membersFromFiles() {
     Fixture fixture;
     fixture.frame.run(Command::mnuNuovoSistema);
@@ -197,6 +210,21 @@ void TestSystemCommands::theEntryClosesWithTheSystem() {
     fixture.frame.run(Command::mnuChiudiSistema);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(dialog.isNull());
+}
+
+void TestSystemCommands::aNewEntryAfterTheSystem() {
+    // The entry that closes with the system is not the one that a new biorhythm is entered in.
+    Fixture fixture;
+    fixture.frame.run(Command::mnuNuovoSistema);
+    fixture.press(u"Command1"_s);
+    fixture.program.state.modified = false;
+    fixture.expectSystemClosing(Answer::yes);
+    fixture.frame.run(Command::mnuCalcola);
+    QVERIFY(fixture.dialogs.finished());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto* entry = fixture.frame.findChild<FIns*>();
+    QVERIFY(entry != nullptr);
+    QVERIFY(entry->isVisible());
 }
 
 void TestSystemCommands::openingAFile() {
@@ -420,10 +448,8 @@ void TestSystemCommands::exportAndPrintGiveEverythingBack() {
         QCOMPARE(fixture.program.state.exportWholeSystem, button == u"Command14"_s);
         QVERIFY(!fixture.window()->isEnabled());
         QCOMPARE(fixture.frame.isEnabled(), button == u"Command14"_s);
-        if (!fixture.frame.isEnabled()) {
-            fixture.frame.close(); // neither ends nor asks
-            QCOMPARE(fixture.ended.size(), 0);
-        }
+        fixture.frame.close(); // neither ends nor asks
+        QCOMPARE(fixture.ended.size(), 0);
         window->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(fixture.frame.isEnabled());
@@ -434,6 +460,57 @@ void TestSystemCommands::exportAndPrintGiveEverythingBack() {
         QVERIFY(!fixture.menuIsEnabled(u"mnuBioritmi"_s));
         QVERIFY(!fixture.program.state.exportWholeSystem);
     }
+}
+
+namespace {
+
+void expectExportWarning(Fixture& fixture) {
+    fixture.dialogs.expectBox(
+        u"Avviso"_s,
+        u"Durante l'esportazione non sarà possibile effettuare cambiamenti sul sistema.\nIl "
+        "controllo del sistema sarà ripristinato con la chiusura della finestra esportazioni."_s);
+}
+
+} // namespace
+
+/// Left open, the dialog for a new member would change the system that is being exported.
+void TestSystemCommands::theEntryWaitsForTheExport() {
+    for (const QString& button : {u"Command12"_s, u"Command14"_s}) {
+        Fixture fixture;
+        fixture.openSystemOfTwo();
+        fixture.tree()->setCurrentIndex(fixture.tree()->model()->index(1, 0));
+        fixture.press(u"Command1"_s);
+        const QPointer<FIns> entry = fixture.frame.findChild<FIns*>();
+        QVERIFY(entry->isEnabled());
+        expectExportWarning(fixture);
+        fixture.press(button);
+        QVERIFY(!entry->isEnabled());
+        QVERIFY(fixture.dialog(u"FEspBio"_s)->isEnabled());
+        fixture.dialog(u"FEspBio"_s)->close();
+        QVERIFY(fixture.dialogs.finished());
+        QVERIFY(!entry.isNull() && entry->isVisible() && entry->isEnabled());
+    }
+}
+
+void TestSystemCommands::theExportClosesWithTheSystem() {
+    Fixture fixture;
+    fixture.openSystemOfTwo();
+    fixture.program.biorhythm.name.clear(); // as when no member has been made current
+    fixture.program.state.modified = false;
+    expectExportWarning(fixture);
+    fixture.press(u"Command14"_s);
+    fixture.expectSystemClosing(Answer::no);
+    // The fast-start window, which is not locked, has this command.
+    fixture.frame.run(Command::mnuCalcola);
+    QVERIFY(fixture.dialog(u"FEspBio"_s) != nullptr);
+    fixture.expectSystemClosing(Answer::yes);
+    fixture.frame.run(Command::mnuCalcola);
+    QVERIFY(fixture.dialogs.finished());
+    QVERIFY(fixture.dialog(u"FEspBio"_s) == nullptr);
+    QVERIFY(!fixture.program.state.exportWholeSystem);
+    QVERIFY(fixture.menuIsEnabled(u"mnuFile"_s));
+    QVERIFY(fixture.menuIsEnabled(u"mnuBioritmi"_s));
+    QVERIFY(fixture.frame.findChild<QToolBar*>(u"Toolbar1"_s)->isEnabled());
 }
 
 void TestSystemCommands::quitting() {

@@ -13,8 +13,10 @@ class TestSystemCommands : public Test {
     void newSystemClosesTheSystem();
     void enteringMembers();
     void aNameOnlyOnce();
+    void aRefusedNameMayBringAnotherDate();
     void membersFromFiles();
     void theEntryClosesWithTheSystem();
+    void aNewEntryAfterTheSystem();
     void openingAFile();
     void openingAFileOfToday();
     void openingClosesFirst();
@@ -29,6 +31,8 @@ class TestSystemCommands : public Test {
     void closingIsRefused();
     void savingAMemberKeepsTheSystemUnsaved();
     void exportAndPrintGiveEverythingBack();
+    void theEntryWaitsForTheExport();
+    void theExportClosesWithTheSystem();
     void quitting();
     void quittingAnEmptySystem();
     void theCloseBoxAsks();

@@ -5,6 +5,7 @@
 #include "system/SystemFixture.h"
 #include "system/SystemTreeModel.h"
 #include "toolkit/ShowHelp.h"
+#include "toolkit/ToolTipText.h"
 #include "views/analysis/FStat.h"
 
 #include "support/RecordingFrame.h"
@@ -40,8 +41,16 @@ class Frame : public RecordingFrame {
         }
     }
 
+    void closeBiorhythm() override {
+        RecordingFrame::closeBiorhythm();
+        if (onCloseBiorhythm) {
+            onCloseBiorhythm();
+        }
+    }
+
     QWidget window;
     std::function<void()> onRun;
+    std::function<void()> onCloseBiorhythm;
 };
 
 /// The system window, shown, over members of the given names.
@@ -107,6 +116,21 @@ class Fixture {
             if (button(name)->isEnabledTo(window)) {
                 names << name;
             }
+        }
+        return names;
+    }
+
+    /// Of all buttons and the tree, what can be used.
+    [[nodiscard]] QStringList usable() const {
+        QStringList names;
+        for (int number = 1; number <= 15; ++number) {
+            const QString name = u"Command%1"_s.arg(number);
+            if (button(name)->isEnabled()) {
+                names << name;
+            }
+        }
+        if (tree()->isEnabled()) {
+            names << u"TreeView1"_s;
         }
         return names;
     }
@@ -553,6 +577,73 @@ void TestFProj::inserting() {
     QVERIFY(fixture.program.state.modified);
 }
 
+void TestFProj::whatATourLeavesUsable_data() {
+    QTest::addColumn<FProj::Usable>("usable");
+    QTest::addColumn<QStringList>("buttons");
+    QTest::newRow("nothing") << FProj::Usable::nothing << QStringList();
+    QTest::newRow("insertion") << FProj::Usable::insertion
+                               << QStringList{u"Command1"_s, u"Command2"_s};
+}
+
+void TestFProj::whatATourLeavesUsable() {
+    QFETCH(FProj::Usable, usable);
+    QFETCH(QStringList, buttons);
+    const QStringList always{u"Command1"_s, u"Command2"_s,  u"Command3"_s, u"Command8"_s,
+                             u"Command9"_s, u"Command10"_s, u"Command11"_s};
+    const auto everything = [&always](const QStringList& ofMembers) {
+        QStringList names;
+        for (int number = 1; number <= 15; ++number) {
+            const QString name = u"Command%1"_s.arg(number);
+            if (always.contains(name) || ofMembers.contains(name)) {
+                names << name;
+            }
+        }
+        return names << u"TreeView1"_s;
+    };
+    Fixture fixture;
+    QCOMPARE(fixture.usable(), everything({}));
+    fixture.window->setUsable(usable);
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.window->setUsable(FProj::Usable::everything);
+    QCOMPARE(fixture.usable(), everything({}));
+
+    // What the members ask for meanwhile shows afterwards, and not before.
+    fixture.window->setUsable(usable);
+    fixture.enter(u"Anna"_s);
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.window->fillTree();
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.window->setUsable(FProj::Usable::everything);
+    QCOMPARE(fixture.usable(), everything(allButtons()));
+
+    // The same with members from the start, and with a file that holds none.
+    fixture.window->setUsable(usable);
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.program.state.systemCount = 0;
+    fixture.window->fillTree();
+    QCOMPARE(fixture.usable(), buttons);
+    fixture.window->setUsable(FProj::Usable::everything);
+    QCOMPARE(fixture.usable(), everything(systemButtons()));
+}
+
+void TestFProj::anExportDuringATour() {
+    Fixture fixture({u"Anna"_s});
+    fixture.expectExportWarning();
+    fixture.window->exportSystem();
+    QVERIFY(fixture.dialogs.finished());
+    fixture.window->setUsable(FProj::Usable::insertion);
+    QCOMPARE(fixture.usable(), QStringList());
+    fixture.window->unlock();
+    QCOMPARE(fixture.usable(), (QStringList{u"Command1"_s, u"Command2"_s}));
+
+    fixture.expectExportWarning();
+    fixture.window->exportSystem();
+    fixture.window->setUsable(FProj::Usable::everything);
+    QCOMPARE(fixture.usable(), QStringList());
+    fixture.window->unlock();
+    QCOMPARE(fixture.enabledButtons(), allButtons());
+}
+
 void TestFProj::systemViews() {
     Fixture fixture({u"Anna"_s, u"Bruno"_s});
     fixture.press(u"Command6"_s);
@@ -827,6 +918,34 @@ void TestFProj::closingWithoutSaving() {
     QVERIFY(fixture.isGone());
 }
 
+void TestFProj::closingEmptiesTheTreeFirst() {
+    // The windows that close with the biorhythm may bring this one to the front.
+    Fixture fixture({u"Anna"_s, u"Bruno"_s});
+    fixture.program.biorhythm.name = u"Bruno"_s;
+    QStringList shown{u"not asked"_s};
+    fixture.frame.onCloseBiorhythm = [&] { shown = fixture.branches(); };
+    fixture.expectClosing(Answer::yes);
+    fixture.press(u"Command11"_s);
+    QVERIFY(fixture.dialogs.finished());
+    QCOMPARE(shown, QStringList());
+}
+
+void TestFProj::compatibilityClosesWithTheSystem() {
+    Fixture fixture({u"Anna"_s, u"Bruno"_s});
+    fixture.press(u"Command8"_s);
+    const QPointer<ChildWindow> compared = fixture.frame.shown.at(0);
+    fixture.frame.shown.clear();
+    fixture.expectClosing(Answer::no);
+    fixture.press(u"Command11"_s);
+    QVERIFY(!fixture.isGone());
+    QVERIFY(!compared.isNull());
+    fixture.expectClosing(Answer::yes);
+    fixture.press(u"Command11"_s);
+    QVERIFY(fixture.dialogs.finished());
+    QVERIFY(fixture.isGone());
+    QVERIFY(compared.isNull());
+}
+
 void TestFProj::aFailedSaveKeepsTheSystem() {
     Fixture fixture({u"Anna"_s});
     fixture.program.state.modified = true; // and the frame's saving leaves it so
@@ -850,7 +969,7 @@ void TestFProj::longNamesHaveATip() {
         return QToolTip::text();
     };
     QCOMPARE(hover(fixture.member(0)), QString());
-    QCOMPARE(hover(fixture.member(1)), u"Bioritmo di "_s + name.toHtmlEscaped());
+    QCOMPARE(hover(fixture.member(1)), toolTipText(u"Bioritmo di "_s + name));
 }
 
 } // namespace quor::test

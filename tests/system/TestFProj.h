@@ -34,6 +34,9 @@ class TestFProj : public Test {
     void removingIsRefused();
     void removingTheLastOne();
     void inserting();
+    void whatATourLeavesUsable_data();
+    void whatATourLeavesUsable();
+    void anExportDuringATour();
     void systemViews();
     void compatibility();
     void systemViewsNeedMembers();
@@ -54,6 +57,8 @@ class TestFProj : public Test {
     void closingIsRefused();
     void closingSaves();
     void closingWithoutSaving();
+    void closingEmptiesTheTreeFirst();
+    void compatibilityClosesWithTheSystem();
     void aFailedSaveKeepsTheSystem();
     void longNamesHaveATip();
 };

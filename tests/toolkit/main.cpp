@@ -5,9 +5,10 @@
 #include "toolkit/TestLongCurves.h"
 #include "toolkit/TestPictures.h"
 #include "toolkit/TestSettingsStore.h"
+#include "toolkit/TestToolTipText.h"
 
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands,
                quor::test::TestDrawing, quor::test::TestLongCurves, quor::test::TestPictures,
-               quor::test::TestSettingsStore)
+               quor::test::TestSettingsStore, quor::test::TestToolTipText)

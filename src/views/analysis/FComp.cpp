@@ -8,6 +8,7 @@
 #include "ui_FComp.h"
 
 #include <QListView>
+#include <QProxyStyle>
 #include <QStringListModel>
 
 #include <algorithm>
@@ -20,6 +21,18 @@ namespace {
 
 constexpr Compatibility bestOfAll{
     .physical = 100, .emotional = 100, .intellectual = 100, .overall = 100};
+
+/// Lets a list drop down as a list, as wide as its box and with a scroll bar. A menu would be as
+/// wide as the longest name, out of the screen if need be, and could not be scrolled in reasonable
+/// time through the names of a large system.
+class DropDownListStyle : public QProxyStyle {
+  public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        return hint == SH_ComboBox_Popup ? 0
+                                         : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
 
 } // namespace
 
@@ -74,11 +87,15 @@ void FComp::fillLists(const AppState& state) {
         m_birthDates.push_back(member.birthDate);
     });
     auto* model = new QStringListModel(names, this);
+    auto* style = new DropDownListStyle;
+    style->setParent(this);
     for (const Choice& choice : m_choices) {
+        choice.list->setStyle(style);
         choice.list->setModel(model);
         choice.list->setCurrentIndex(-1);
         if (auto* view = qobject_cast<QListView*>(choice.list->view())) {
             view->setUniformItemSizes(true);
+            view->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
         }
     }
 }

@@ -17,6 +17,7 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -394,6 +395,7 @@ void TestFComp::veryManyMembers() {
     timer.restart();
     fixture.list(1)->showPopup();
     QCoreApplication::processEvents();
+    QVERIFY(fixture.list(1)->view()->verticalScrollBar()->isVisible());
     fixture.list(1)->hidePopup();
     QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
     timer.restart();
@@ -404,6 +406,17 @@ void TestFComp::veryManyMembers() {
     QCOMPARE(fixture.texts(), lines(12.30, 21.74, 0, 15.15));
     // Long names and many of them do not make the window wider.
     QCOMPARE(fixture.window->minimumSizeHint(), Fixture({1}).window->minimumSizeHint());
+}
+
+void TestFComp::veryLongNames() {
+    Program program = systemOf({8116, 8130});
+    program.state.systemMembers.at(1).name = QString(300, u'x');
+    const Fixture fixture(program);
+    QComboBox* list = fixture.list(1);
+    list->showPopup();
+    QCoreApplication::processEvents();
+    QCOMPARE(list->view()->window()->width(), list->width());
+    list->hidePopup();
 }
 
 void TestFComp::screenReaders() {

@@ -24,6 +24,7 @@ class TestFComp : public Test {
     void staysAsItWasMade();
     void keyboardChooses();
     void veryManyMembers();
+    void veryLongNames();
     void screenReaders();
     void tabOrder();
     void accessKeys();
