@@ -1,9 +1,9 @@
 // How long the system window takes to appear with the largest system, against a small one.
 
+#include "BareFrame.h"
 #include "core/Biorhythm.h"
 #include "system/FProj.h"
 #include "system/SystemTreeModel.h"
-#include "toolkit/Frame.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -25,29 +25,6 @@ constexpr int few = 10;
 constexpr int many = 32'767;
 constexpr int defaultRounds = 30;
 constexpr double goal = 1.5;
-
-/// A frame that has no state of its own to keep.
-class BareFrame : public quor::Frame {
-  public:
-    [[nodiscard]] QWidget* widget() override { return nullptr; }
-    void run(quor::Command /*command*/) override {}
-    void setCommandEnabled(quor::Command /*command*/, bool /*enabled*/) override {}
-    void setMenuEnabled(quor::Menu /*menu*/, bool /*enabled*/) override {}
-    void setToolEnabled(int /*position*/, bool /*enabled*/) override {}
-    void setToolbarEnabled(bool /*enabled*/) override {}
-    void setStatusPanel(quor::StatusPanel /*panel*/, const QString& /*text*/) override {}
-    void applyBiorhythm() override {}
-    void closeBiorhythm() override {}
-    void showBiorhythmEntry() override {}
-    void showExport(const QString& /*caption*/) override {}
-    void showPrint(quor::PrintMode /*mode*/) override {}
-    void showChild(quor::ChildWindow* /*child*/) override {}
-    void showDayPopup(const quor::DayPopup& /*popup*/, QPoint /*globalPosition*/) override {}
-    void startTour(std::uint8_t /*number*/) override {}
-    void lockCommands(const quor::TourLock& /*lock*/) override {}
-    void unlockCommands() override {}
-    [[nodiscard]] bool openForTour(quor::Command /*command*/) override { return false; }
-};
 
 quor::Program programWith(int members) {
     quor::Program program;
@@ -73,7 +50,7 @@ double processorMilliseconds() {
 }
 
 /// From the program's data to a window that is painted and has answered a key.
-double millisecondsToAnswer(quor::Program& program, QMdiArea& area, BareFrame& frame) {
+double millisecondsToAnswer(quor::Program& program, QMdiArea& area, quor::bench::BareFrame& frame) {
     const double start = processorMilliseconds();
     auto* window = new quor::FProj(program, frame);
     window->fillTree();
@@ -115,7 +92,7 @@ int main(int argc, char* argv[]) {
     }
     quor::Program small = programWith(few);
     quor::Program large = programWith(many);
-    BareFrame frame;
+    quor::bench::BareFrame frame;
     QMdiArea area;
     area.resize(1024, 700);
     area.show();

@@ -48,13 +48,8 @@ void reportFaults(QtMsgType type, const QMessageLogContext& /*context*/, const Q
     }
 }
 
-/// Exports without a window, on whatever machine. @return the exit status
-int exportWithoutScreen(int& argc, char** argv, const quor::BatchRequest& request) {
-    qInstallMessageHandler(reportFaults);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv); // for the fonts
-    QGuiApplication::setApplicationName(u"quor"_s);
-    quor::setUpLocale();
+/// Exports without a window. @return the exit status
+int exportFiles(const quor::BatchRequest& request) {
     quor::BatchRequest batch = request;
     if (batch.outputFolder.isEmpty()) {
         batch.outputFolder = quor::prepareFolders(QGuiApplication::applicationDirPath()).exports;
@@ -62,6 +57,16 @@ int exportWithoutScreen(int& argc, char** argv, const quor::BatchRequest& reques
     QTextStream output(stdout);
     QTextStream errors(stderr);
     return quor::exportBatch(batch, output, errors);
+}
+
+/// The same on whatever machine. @return the exit status
+int exportWithoutScreen(int& argc, char** argv, const quor::BatchRequest& request) {
+    qInstallMessageHandler(reportFaults);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv); // for the fonts
+    QGuiApplication::setApplicationName(u"quor"_s);
+    quor::setUpLocale();
+    return exportFiles(request);
 }
 
 /// What can be answered without a screen. @return the exit status, or -1 when the frame is wanted
@@ -105,6 +110,9 @@ int main(int argc, char* argv[]) {
     const quor::StartRequest request = quor::parseArguments(QApplication::arguments().sliced(1));
     if (const int status = answerWithoutScreen(request); status >= 0) {
         return status;
+    }
+    if (request.mode == quor::StartMode::exportFile) {
+        return exportFiles(request.batch);
     }
 
     const quor::EndRequests endRequests;

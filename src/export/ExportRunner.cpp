@@ -10,11 +10,25 @@ using namespace Qt::StringLiterals;
 
 namespace quor {
 
+namespace {
+
+/// The one that an earlier run has left open, or a new one.
+FEsp* progressWindow(QWidget* owner) {
+    for (auto* left : owner->findChildren<FEsp*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (left->isVisible()) {
+            return left;
+        }
+    }
+    return new FEsp(owner);
+}
+
+} // namespace
+
 ExportRunner::ExportRunner(Program& program, Frame& frame, ExportRequest request, QWidget* owner)
     : QObject(owner)
     , m_run(program, std::move(request))
     , m_frame(frame.widget())
-    , m_progress(new FEsp(owner)) {
+    , m_progress(progressWindow(owner)) {
     if (m_frame != nullptr) {
         m_frameWasEnabled = m_frame->isEnabled();
         m_frame->setEnabled(false);
@@ -24,6 +38,7 @@ ExportRunner::ExportRunner(Program& program, Frame& frame, ExportRequest request
     }
     m_progress->startRun(m_run.steps(), u"Un attimo di pazienza mentre esporto le immagini"_s);
     m_progress->show();
+    m_progress->raise();
     connect(&m_steps, &QTimer::timeout, this, &ExportRunner::advance);
     m_steps.start(0);
 }

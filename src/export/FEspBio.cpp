@@ -3,6 +3,8 @@
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
 
+#include <QTextDocument>
+
 #include "ui_FEspBio.h"
 
 using namespace Qt::StringLiterals;
@@ -84,10 +86,15 @@ void FEspBio::endRun(const QString& errorText) {
 void FEspBio::setChoicesEnabled(bool enabled) {
     m_ui->Choices->setEnabled(enabled);
     m_ui->Command1->setEnabled(enabled);
+    if (enabled) {
+        m_ui->Command1->setFocus(); // a disabled control has lost it
+    }
 }
 
+/// A line too long for the window keeps its end, the result, and can be read whole in its tip.
 void FEspBio::log(const QString& line) {
-    m_ui->List1->addItem(line);
+    auto* item = new QListWidgetItem(line, m_ui->List1);
+    item->setToolTip(Qt::convertFromPlainText(line));
     m_ui->List1->scrollToBottom();
 }
 

@@ -118,6 +118,7 @@ void FStampaBio::documentComplete() {
 
 void FStampaBio::release() {
     m_ui->Controls->setEnabled(true);
+    m_ui->Command1->setFocus(); // a disabled control has lost it
 }
 
 } // namespace quor

@@ -177,7 +177,9 @@ void FProcGuid::showEvent(QShowEvent* event) {
     place.moveBottom(std::min(place.bottom(), screenArea.bottom()));
     place.moveLeft(std::max(place.left(), screenArea.left()));
     place.moveTop(std::max(place.top(), screenArea.top()));
-    move(place.topLeft());
+    // By what the border leaves: until the window manager has framed it, the border is unknown to
+    // the toolkit, which then would take the corner of the frame for that of the contents.
+    setGeometry(place.marginsRemoved(border));
 }
 
 } // namespace quor

@@ -59,8 +59,12 @@ void MDIForm1::closeExportAndPrint() {
     }
 }
 
-/// Gives back what the system window locks for an export or a print. Called when that is over.
+/// Gives back what the system window locks for an export or a print. Called when that is over; a
+/// run of the one goes on when the other is closed.
 void MDIForm1::unlock() {
+    if (m_export != nullptr || m_print != nullptr) {
+        return;
+    }
     setEnabled(true);
     setMenuEnabled(Menu::mnuFile, true);
     setToolbarEnabled(true);

@@ -76,6 +76,9 @@ MDIForm1::MDIForm1(Program& program, const QString& programFolder, QWidget* pare
 MDIForm1::~MDIForm1() {
     m_ending = true;
     delete m_tour; // it unlocks the commands
+    // A run that goes on in them enables the frame again.
+    delete m_export;
+    delete m_print;
 }
 
 void MDIForm1::buildMenus() {

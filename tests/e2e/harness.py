@@ -701,6 +701,11 @@ def page_text_of(node):
         return ""
 
 
+def value_and_maximum_of(node):
+    """How far a progress bar or a slider is, and how far it can go."""
+    return Atspi.Value.get_current_value(node), Atspi.Value.get_maximum_value(node)
+
+
 def labels_of(node):
     """The texts of the labels that belong to a node (in Qt: whose buddy it is)."""
     texts = [name_of(node)]
@@ -1313,13 +1318,15 @@ class ProgramTestCase(unittest.TestCase):
     def _failure_count(self):
         return len(self._result.failures) + len(self._result.errors)
 
-    def start_program(self, desktop, *arguments, first_start=False, **options):
+    def start_program(self, desktop, *arguments, path=None, first_start=False, **options):
         """A Program; `options` are those of its constructor.
+
+        `path` is another program than QUOR_PROGRAM, such as a copy of it.
 
         Its settings keep the fast-start window from greeting, unless there are
         settings already, or none are wanted as at the `first_start`.
         """
-        path = os.environ.get("QUOR_PROGRAM")
+        path = path or os.environ.get("QUOR_PROGRAM")
         self.assertTrue(path, "QUOR_PROGRAM must give the path of the program")
         options.setdefault("home", desktop.new_home())
         settings = settings_file(options["home"])

@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTextDocument>
 
 namespace quor::test {
 
@@ -164,6 +165,38 @@ void TestFEspBio::countsErrorsAndGoesOn() {
     QCOMPARE(window.log(), (QStringList{u"In attesa"_s, u"Grafico di Maria Rossi"_s + failed,
                                         u"File di riepilogo di Maria Rossi"_s + failed}));
     QCOMPARE(window.status(), u"Esportazioni completate"_s);
+}
+
+void TestFEspBio::everyRunHasTheSameProgressWindow() {
+    Window window;
+    window.window->show();
+    window.run(true, true, false, 0);
+    const FEsp* first = window.progress();
+    QVERIFY(first->isVisible());
+    window.run(true, false, false, 1); // the first is left open
+    QCOMPARE(window.window->findChildren<FEsp*>(), QList<FEsp*>{window.progress()});
+    QCOMPARE(window.progress(), first);
+    const auto* bar = control<QProgressBar>(*window.progress(), u"ProgressBar1"_s);
+    QCOMPARE(bar->maximum(), 1);
+    QCOMPARE(bar->value(), 1);
+    QCOMPARE(window.window->focusWidget(), window.start());
+
+    window.progress()->close();
+    window.run(true, false, false, 1);
+    QTRY_COMPARE(window.window->findChildren<FEsp*>().size(), 1);
+    QVERIFY(window.progress()->isVisible());
+}
+
+void TestFEspBio::logKeepsTheResultInSight() {
+    Window window;
+    window.program.biorhythm.name = u"Maria <b> "_s + QString(100, u'x');
+    window.run(true, false, false, 0);
+    const auto* list = control<QListWidget>(*window.window, u"List1"_s);
+    QCOMPARE(list->accessibleName(), u"Stato delle operazioni"_s);
+    QCOMPARE(list->textElideMode(), Qt::ElideMiddle);
+    QTextDocument tip;
+    tip.setHtml(list->item(1)->toolTip());
+    QCOMPARE(tip.toPlainText(), window.log().at(1));
 }
 
 void TestFEspBio::closingEndsTheRun() {

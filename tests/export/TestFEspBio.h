@@ -16,6 +16,8 @@ class TestFEspBio : public Test {
     void exportsForPrint();
     void exportsEveryMember();
     void countsErrorsAndGoesOn();
+    void everyRunHasTheSameProgressWindow();
+    void logKeepsTheResultInSight();
     void closingEndsTheRun();
     void aDisabledFrameStaysDisabled();
     void progressCannotBeClosedDuringARun();

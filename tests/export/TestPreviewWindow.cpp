@@ -5,6 +5,7 @@
 #include "export/PrintingFixture.h"
 #include "support/ScriptedDialogs.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -208,6 +209,12 @@ void TestPreviewWindow::controlsAreNamed() {
         QVERIFY2(!button->icon().isNull(), qPrintable(button->objectName()));
     }
     QCOMPARE(preview.view()->accessibleName(), u"Pagine da stampare"_s);
+    // Of these two the text is what matters to who cannot see it.
+    for (auto* label : {preview.window->findChild<QLabel*>(u"Label1"_s),
+                        preview.window->findChild<QLabel*>(u"Label2"_s)}) {
+        QCOMPARE(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name),
+                 label->text());
+    }
 }
 
 void TestPreviewWindow::withoutPagesThereIsNothingToDo() {

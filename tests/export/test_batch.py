@@ -78,6 +78,13 @@ class BatchTest(unittest.TestCase):
         result = run("--export", file, "--output", self.output, home=self.home)
         self.assert_products(result, [(name, birth, calculation, file.stem)])
 
+    def test_after_an_option_of_the_toolkit(self):
+        file = EXAMPLES / "Giulia Ferraro.bio"
+        name, birth, calculation = read_person(file)
+        result = run("-platform", "offscreen", "--export", file, "--output", self.output,
+                     home=self.home)
+        self.assert_products(result, [(name, birth, calculation, file.stem)])
+
     def test_another_date_for_print(self):
         file = EXAMPLES / "Giulia Ferraro.bio"
         name, birth, _ = read_person(file)

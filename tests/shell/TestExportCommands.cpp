@@ -77,6 +77,21 @@ void TestExportCommands::exportRunDisablesTheFrame() {
     QCOMPARE(exports.entryList(QDir::Files).size(), 6);
 }
 
+void TestExportCommands::closingTheOtherWindowDuringARun() {
+    FrameFixture fixture;
+    fixture.enter();
+    fixture.frame.run(Command::mnuStampa);
+    fixture.frame.run(Command::mnuEsporta);
+    startExport(*fixture.dialog(u"FEspBio"_s));
+    QVERIFY(!fixture.frame.isEnabled());
+    fixture.dialog(u"FStampaBio"_s)->close(); // its close box belongs to the desktop
+    QVERIFY(fixture.dialog(u"FStampaBio"_s) == nullptr);
+    QVERIFY(!fixture.frame.isEnabled());
+    QTRY_VERIFY(fixture.frame.isEnabled());
+    const QDir exports(fixture.program.state.exportFolder);
+    QCOMPARE(exports.entryList(QDir::Files).size(), 6);
+}
+
 void TestExportCommands::endingInTheMiddleOfARun() {
     FrameFixture fixture;
     fixture.enter();

@@ -12,6 +12,7 @@ class TestExportCommands : public Test {
     void printAndPreview();
     void closingTheBiorhythmClosesThem();
     void exportRunDisablesTheFrame();
+    void closingTheOtherWindowDuringARun();
     void endingInTheMiddleOfARun();
 };
 
