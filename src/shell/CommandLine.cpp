@@ -12,8 +12,8 @@ namespace {
 
 /// What an option that stands last and without its value lacks.
 std::optional<QString> missingValue(const QString& option) {
-    if (option == u"--open"_s || option == u"--export"_s) {
-        return u"l'opzione %1 vuole il nome di un file"_s.arg(option);
+    if (option == u"--export"_s) {
+        return u"l'opzione --export vuole il nome di un file"_s;
     }
     if (option == u"--output"_s) {
         return u"l'opzione --output vuole il nome di una cartella"_s;
@@ -32,6 +32,10 @@ StartRequest parseArguments(const QStringList& arguments) {
     }
     if (!arguments.constFirst().startsWith(u"--"_s)) {
         return {.mode = StartMode::commandLineText, .text = arguments.join(u' ')};
+    }
+    // What is left of the desktop entry's "--open %f" when the program is chosen from a menu.
+    if (arguments == QStringList{u"--open"_s}) {
+        return {};
     }
 
     const QCommandLineOption open(u"open"_s, {}, u"FILE"_s);
@@ -96,7 +100,7 @@ QString usageText() {
            "\n"
            "Calcola i bioritmi di una persona o di un gruppo.\n"
            "\n"
-           "  --open FILE    apre un bioritmo (.bio) o un sistema (.brs)\n"
+           "  --open [FILE]  apre un bioritmo (.bio) o un sistema (.brs), se indicato\n"
            "  --export FILE  esporta pagina e immagini di un bioritmo o di tutto un sistema,\n"
            "                 senza finestre e senza domande\n"
            "    --print      nella variante per la stampa\n"
