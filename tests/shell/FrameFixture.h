@@ -52,7 +52,7 @@ class FrameFixture {
         other.biorhythm.name = name;
         other.biorhythm.birthDate = toDateValue(QDate(1981, 12, 25));
         other.biorhythm.calculationDate = toDateValue(calculation);
-        const QString path = folder.filePath(name + u".bio"_s);
+        QString path = folder.filePath(name + u".bio"_s);
         if (saveBiorhythmFile(path, other)) {
             qFatal("cannot write the test's own file");
         }
