@@ -5,6 +5,14 @@ if(QUOR_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${QUOR_CCACHE}")
 endif()
 
+# The toolkit's headers cost more to read than our sources. A machine that builds everything once reads
+# them once for several sources of a library; names in those must then differ even without linkage.
+if(QUOR_UNITY)
+  set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
+endif()
+# Generated sources of a target need nothing of the libraries that it links, so they do not wait for them.
+set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
+
 add_library(quor_flags INTERFACE)
 target_compile_options(quor_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
@@ -31,6 +39,9 @@ function(quor_library name)
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
   target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE quor_flags)
+  if(QUOR_UNITY)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON)
+  endif()
   if(arg_MODEL)
     set_target_properties(${name} PROPERTIES AUTOUIC OFF)
     foreach(library IN LISTS arg_LINK)
@@ -41,7 +52,7 @@ function(quor_library name)
         message(FATAL_ERROR "${name} is a model and must not link ${library}")
       endif()
     endforeach()
-  else()
+  elseif(NOT QUOR_UNITY)
     target_precompile_headers(${name} PRIVATE <QtWidgets>)
   endif()
 endfunction()

@@ -10,11 +10,14 @@
 #include "toolkit/ShowHelp.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QTextStream>
 #include <QTimer>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -69,6 +72,21 @@ int exportWithoutScreen(int& argc, char** argv, const quor::BatchRequest& reques
     return exportFiles(request);
 }
 
+/// Writes a report; it takes neither a screen nor the toolkit's application. @return the exit
+/// status
+int writeReport(const quor::ReportRequest& request) {
+    // Whoever reads along may have enough before the end: an error like any other.
+    std::signal(SIGPIPE, SIG_IGN); // NOLINT(bugprone-signal-handler): none is called
+    quor::setUpLocale();
+    QFile output;
+    QTextStream errors(stderr);
+    if (!output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        print(stderr, u"quor: %1\n"_s.arg(output.errorString()));
+        return failure;
+    }
+    return quor::writeReport(request, output, errors);
+}
+
 /// What can be answered without a screen. @return the exit status, or -1 when the frame is wanted
 int answerWithoutScreen(const quor::StartRequest& request) {
     switch (request.mode) {
@@ -89,6 +107,7 @@ int answerWithoutScreen(const quor::StartRequest& request) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    quor::failAtFileSizeLimit();
     QStringList arguments;
     for (int i = 1; i < argc; ++i) {
         arguments << QString::fromLocal8Bit(argv[i]);
@@ -99,6 +118,9 @@ int main(int argc, char* argv[]) {
     }
     if (early.mode == quor::StartMode::exportFile) {
         return exportWithoutScreen(argc, argv, early.batch);
+    }
+    if (early.mode == quor::StartMode::reportFile) {
+        return writeReport(early.report);
     }
 
     const auto previousHandler = qInstallMessageHandler(reportNoDisplay);
@@ -114,6 +136,9 @@ int main(int argc, char* argv[]) {
     if (request.mode == quor::StartMode::exportFile) {
         return exportFiles(request.batch);
     }
+    if (request.mode == quor::StartMode::reportFile) {
+        return writeReport(request.report);
+    }
 
     const quor::EndRequests endRequests;
     quor::HelpService help;
@@ -126,6 +151,8 @@ int main(int argc, char* argv[]) {
     quor::MDIForm1 frame(program, QApplication::applicationDirPath());
     QObject::connect(&frame, &quor::MDIForm1::ended, &application,
                      [] { QCoreApplication::exit(success); });
+    QObject::connect(&endRequests, &quor::EndRequests::aboutToEnd, &frame,
+                     &quor::MDIForm1::keepUnsavedWork);
     frame.show();
     // From inside the event loop, so that a request to end the program also ends the questions that
     // opening a file may ask.

@@ -15,7 +15,7 @@ double cycleMean(std::int32_t dayCount) {
     const double emotional = cycleValue(dayCount, Period::emotional);
     const double intellectual = cycleValue(dayCount, Period::intellectual);
     const double physical = cycleValue(dayCount, Period::physical);
-    return ((physical + emotional) + intellectual) / 3.0;
+    return meanOfCycles(physical, emotional, intellectual);
 }
 
 std::optional<std::int32_t> toDayCount(double dayCount) {

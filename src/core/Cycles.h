@@ -39,8 +39,14 @@ inline constexpr std::array periods{Period::physical, Period::emotional, Period:
 /// The value of one cycle: sin(phase × angleStep), in [-1, 1], neither scaled nor rounded.
 [[nodiscard]] double cycleValue(std::int32_t dayCount, Period period);
 
-/// The mean of the three cycles ("Media Energetica"), in [-1, 1]:
-/// ((physical + emotional) + intellectual) / 3, summed in that order.
+/// The mean of three cycle values of one day: ((physical + emotional) + intellectual) / 3, summed
+/// in that order.
+[[nodiscard]] constexpr double meanOfCycles(double physical, double emotional,
+                                            double intellectual) {
+    return ((physical + emotional) + intellectual) / 3.0;
+}
+
+/// The mean of the three cycles ("Media Energetica"), in [-1, 1].
 [[nodiscard]] double cycleMean(std::int32_t dayCount);
 
 /// The mean repeats after this many days, the least common multiple of the three periods, on either

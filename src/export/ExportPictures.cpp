@@ -27,7 +27,7 @@ constexpr int cellPadding = 1;
 constexpr int cellSpacing = 2;
 
 /// The weekly pictures beside each other.
-constexpr int cycles = 3;
+constexpr int weekCycles = 3;
 
 /// Of the graph's height. With a quarter each for the two rows, the whole page for print comes out
 /// on one sheet of A4.
@@ -94,11 +94,12 @@ QSize weekPictureSize(WeekRow row, QSize exportSize) {
     // cells and on both sides. The graph's picture and this table stand in cells of one width.
     constexpr int aroundPicture = 2 * (pictureBorder + cellPadding);
     const int room = exportSize.width() + 2 * pictureBorder;
-    const int cycle = (room - cycles * aroundPicture - (cycles + 1) * cellSpacing) / cycles;
+    const int cycle =
+        (room - weekCycles * aroundPicture - (weekCycles + 1) * cellSpacing) / weekCycles;
     if (cycle <= 0) {
         return {0, 0};
     }
-    const int mean = cycles * cycle + (cycles - 1) * (aroundPicture + cellSpacing);
+    const int mean = weekCycles * cycle + (weekCycles - 1) * (aroundPicture + cellSpacing);
     return {row == WeekRow::mean ? mean : cycle, toPixel(exportSize.height() * weekHeight)};
 }
 

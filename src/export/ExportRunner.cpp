@@ -2,8 +2,8 @@
 
 #include "export/ExportPictures.h"
 #include "export/FEsp.h"
+#include "export/Paper.h"
 
-#include <QPrinterInfo>
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
@@ -85,15 +85,15 @@ QSize exportPictureSize(PageVariant variant, const QWidget& window) {
         const QScreen* screen = window.screen();
         return pictureSize(variant, fromPixels(screen->size() * screen->devicePixelRatio()));
     }
-    const QPrinterInfo printer = QPrinterInfo::defaultPrinter();
-    const QPageSize page = printer.isNull() ? QPageSize() : printer.defaultPageSize();
-    if (!page.isValid()) {
+    QString fault; // told when there are pages to print
+    const Paper* loaded = paper(fault);
+    const auto points = loaded != nullptr ? loaded->usualPaper() : std::nullopt;
+    if (!points) {
         return pictureSize(variant, defaultPaper());
     }
     constexpr double twipsPerPoint = 20;
-    const QSizeF points = page.size(QPageSize::Point);
-    return pictureSize(variant, {.width = points.width() * twipsPerPoint,
-                                 .height = points.height() * twipsPerPoint});
+    return pictureSize(variant, {.width = points->width() * twipsPerPoint,
+                                 .height = points->height() * twipsPerPoint});
 }
 
 } // namespace quor

@@ -1,5 +1,7 @@
 #include "export/PreviewWindow.h"
 
+#include "export/PdfPages.h"
+#include "export/PrintDocument.h"
 #include "toolkit/ImageList.h"
 
 #include "ui_PreviewWindow.h"
@@ -8,6 +10,7 @@
 #include <QKeySequence>
 #include <QPdfDocument>
 #include <QPdfPageNavigator>
+#include <QPdfPageRenderer>
 #include <QPdfView>
 #include <QScreen>
 #include <QScrollBar>
@@ -24,7 +27,6 @@ namespace quor {
 
 namespace {
 
-constexpr double pointsPerInch = 72;
 constexpr std::array zoomSteps{0.25, 0.33, 0.5, 0.67, 0.75, 1.0, 1.25, 1.5, 2.0, 3.0, 4.0};
 /// Two zooms closer than this are the same step.
 constexpr double sameZoom = 0.005;
@@ -35,7 +37,7 @@ constexpr QSize usualSize(760, 900);
 } // namespace
 
 PreviewWindow::PreviewWindow(QWidget* parent)
-    : QDialog(parent)
+    : PagesWindow(parent)
     , m_ui(std::make_unique<Ui::PreviewWindow>())
     , m_pages(std::make_unique<QPdfDocument>()) {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -67,6 +69,10 @@ PreviewWindow::~PreviewWindow() {
     m_ui->View1->viewport()->removeEventFilter(this);
     m_ui->View1->disconnect(this);
     m_ui->View1->setDocument(nullptr);
+    // The toolkit ends its thread with the view, but lets go of it only when told.
+    if (auto* renderer = m_ui->View1->findChild<QPdfPageRenderer*>()) {
+        renderer->setRenderMode(QPdfPageRenderer::RenderMode::SingleThreaded);
+    }
 }
 
 void PreviewWindow::connectActions() {

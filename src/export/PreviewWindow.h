@@ -1,9 +1,8 @@
 #pragma once
 
-#include "export/PrintDocument.h"
+#include "export/Paper.h"
 
 #include <QBuffer>
-#include <QDialog>
 
 #include <memory>
 
@@ -16,9 +15,8 @@ namespace Ui {
 class PreviewWindow;
 }
 
-/// Shows finished pages as they will be on paper: turn them, look closer, print them. It stays open
-/// beside its parent and is deleted when it closes.
-class PreviewWindow : public QDialog {
+/// Shows finished pages as they will be on paper: turn them, look closer, print them.
+class PreviewWindow : public PagesWindow {
     Q_OBJECT
 
   public:
@@ -29,8 +27,7 @@ class PreviewWindow : public QDialog {
     PreviewWindow(PreviewWindow&&) = delete;
     PreviewWindow& operator=(PreviewWindow&&) = delete;
 
-    /// Shows these pages from the first one on.
-    void setDocument(const PrintableDocument& document);
+    void setDocument(const PrintableDocument& document) override;
 
     /// Counted from 0.
     [[nodiscard]] int currentPage() const;

@@ -22,7 +22,6 @@ namespace quor {
 
 namespace {
 
-constexpr double pointsPerInch = 72;
 /// A sheet at a printer's own resolution would take hundreds of megabytes and look no better.
 constexpr int greatestResolution = 300;
 
@@ -54,9 +53,13 @@ void writeFile(QWidget* parent, const PrintableDocument& document, QPdfDocument&
                const PrintChoice& choice) {
     const QByteArray pdf = selectPages(document.pdf, choice.pages).value_or(QByteArray());
     const QByteArray content = pdf.isEmpty() ? paintedPages(pages, choice.pages) : pdf;
+    // Nothing but a file makes way for a file.
+    const QFileInfo old(choice.file);
+    const bool hasPlace = !content.isEmpty() && (!old.exists() || old.isFile());
     QSaveFile file(choice.file);
-    if (content.isEmpty() || !file.open(QIODevice::WriteOnly) ||
-        file.write(content) != content.size() || !file.commit()) {
+    // Flushed by name: a commit that does it on the way does not notice that the disk is full.
+    if (!hasPlace || !file.open(QIODevice::WriteOnly) || file.write(content) != content.size() ||
+        !file.flush() || !file.commit()) {
         reportFault(parent, u"Impossibile scrivere il file \"%1\"."_s.arg(
                                 QDir::toNativeSeparators(choice.file)));
     }

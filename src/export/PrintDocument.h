@@ -1,9 +1,7 @@
 #pragma once
 
+#include "export/Paper.h"
 #include "toolkit/Dialogs.h"
-
-#include <QByteArray>
-#include <QString>
 
 #include <span>
 
@@ -13,12 +11,6 @@ class QWidget;
 
 /// Printing of finished pages.
 namespace quor {
-
-/// Pages as they come from the engine.
-struct PrintableDocument {
-    QByteArray pdf;
-    QString name; ///< what the print queue shows, and the file that is proposed
-};
 
 /// Asks where and how, and prints. A file gets the very pages; a print queue gets the very file,
 /// handed over in the background; where there is no print system to hand it to, the pages are

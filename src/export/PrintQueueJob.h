@@ -1,6 +1,7 @@
 #pragma once
 
-#include "export/PrintDocument.h"
+#include "export/Paper.h"
+#include "toolkit/Dialogs.h"
 
 #include <QPointer>
 #include <QProcess>

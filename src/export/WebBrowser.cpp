@@ -1,8 +1,8 @@
 #include "export/WebBrowser.h"
 
-#include "export/PreviewWindow.h"
-#include "export/PrintDocument.h"
+#include "export/Paper.h"
 #include "export/render/Arguments.h"
+#include "toolkit/Messages.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -43,6 +43,16 @@ QString reasonFor(int exitCode) {
     default:
         return u"Il programma che prepara le pagine è terminato con il codice %1."_s.arg(exitCode);
     }
+}
+
+/// What prints pages and shows them; where it cannot be loaded, a box says why.
+const Paper* paperFor(QWidget* window) {
+    QString fault;
+    const Paper* loaded = paper(fault);
+    if (loaded == nullptr) {
+        showError(window, fault, u"Stampa"_s);
+    }
+    return loaded;
 }
 
 QString nameOf(const QUrl& url) {
@@ -176,8 +186,11 @@ void WebBrowser::fail(const QString& reason) {
 }
 
 void WebBrowser::print() {
-    if (!m_pages.isEmpty()) {
-        printDocument(window(), {.pdf = m_pages, .name = nameOf(m_url)});
+    if (m_pages.isEmpty()) {
+        return;
+    }
+    if (const Paper* paper = paperFor(window())) {
+        paper->print(window(), {.pdf = m_pages, .name = nameOf(m_url)});
     }
 }
 
@@ -186,7 +199,11 @@ void WebBrowser::printPreview() {
         return;
     }
     if (m_preview == nullptr) {
-        m_preview = new PreviewWindow(window());
+        const Paper* paper = paperFor(window());
+        if (paper == nullptr) {
+            return;
+        }
+        m_preview = paper->makePreview(window());
     }
     m_preview->setDocument({.pdf = m_pages, .name = nameOf(m_url)});
     m_preview->show();

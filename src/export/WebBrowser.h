@@ -13,7 +13,7 @@
 
 namespace quor {
 
-class PreviewWindow;
+class PagesWindow;
 
 /// The browser control of the print window: it loads a page of this computer as pages of paper,
 /// says when they are there, prints them and previews them. It has no look of its own and stays
@@ -73,7 +73,7 @@ class WebBrowser : public QWidget {
     std::unique_ptr<QTemporaryDir> m_folder; ///< where the renderer writes
     std::unique_ptr<QProcess> m_process;
     qint64 m_group = 0; ///< of the renderer and the processes that it starts
-    QPointer<PreviewWindow> m_preview;
+    QPointer<PagesWindow> m_preview;
 };
 
 } // namespace quor

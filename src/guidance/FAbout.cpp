@@ -22,7 +22,7 @@ namespace quor {
 
 namespace {
 
-constexpr QSize pictureSize(112, 112);
+constexpr QSize aboutPictureSize(112, 112);
 /// The program's name against the text below it.
 constexpr qreal nameScale = 2.2;
 
@@ -33,7 +33,7 @@ FAbout::FAbout(const QString& version, QWidget* parent)
     , m_ui(std::make_unique<Ui::FAbout>()) {
     setAttribute(Qt::WA_DeleteOnClose);
     m_ui->setupUi(this);
-    m_ui->Image1->setPixmap(emblem().pixmap(pictureSize, devicePixelRatioF()));
+    m_ui->Image1->setPixmap(emblem().pixmap(aboutPictureSize, devicePixelRatioF()));
     QFont nameFont = font();
     nameFont.setPointSizeF(QFontInfo(nameFont).pointSizeF() * nameScale);
     nameFont.setBold(true);

@@ -18,11 +18,11 @@ namespace quor {
 
 namespace {
 
-constexpr QSize emblemSize(64, 64);
-constexpr QSize pictureSize(40, 40);
+constexpr QSize startEmblemSize(64, 64);
+constexpr QSize startPictureSize(40, 40);
 /// The headings against the other texts.
 constexpr qreal questionScale = 1.8;
-constexpr qreal headingScale = 1.15;
+constexpr qreal startHeadingScale = 1.15;
 
 void enlarge(QLabel* label, qreal scale) {
     QFont font = label->font();
@@ -38,11 +38,11 @@ FFastStart::FFastStart(Program& program, Frame& frame, QWidget* parent)
     , m_frame(frame)
     , m_ui(std::make_unique<Ui::FFastStart>()) {
     m_ui->setupUi(this);
-    m_ui->Emblem->setIcon(emblem(), emblemSize);
+    m_ui->Emblem->setIcon(emblem(), startEmblemSize);
     enlarge(m_ui->Label4, questionScale);
-    enlarge(m_ui->Label5, headingScale);
-    m_ui->Image1->setIcon(picture(u"ImmNuovoBioritmo"_s), pictureSize);
-    m_ui->Image2->setIcon(picture(u"ImmNuovoSistema"_s), pictureSize);
+    enlarge(m_ui->Label5, startHeadingScale);
+    m_ui->Image1->setIcon(picture(u"ImmNuovoBioritmo"_s), startPictureSize);
+    m_ui->Image2->setIcon(picture(u"ImmNuovoSistema"_s), startPictureSize);
     // The buttons beside the choices stand at the middle of their frames, below the captions.
     m_ui->Frame1->ensurePolished();
     const QMargins margins = m_ui->Frame1->contentsMargins();

@@ -19,10 +19,10 @@ namespace quor {
 
 namespace {
 
-constexpr QSize emblemSize(40, 40);
-constexpr QSize pictureSize(32, 32);
+constexpr QSize guideEmblemSize(40, 40);
+constexpr QSize guidePictureSize(32, 32);
 /// The heading against the text below it.
-constexpr qreal headingScale = 1.25;
+constexpr qreal guideHeadingScale = 1.25;
 /// The longest text, as it is read best. Characters and lines.
 constexpr int textColumns = 54;
 constexpr int textLines = 5;
@@ -43,16 +43,16 @@ FProcGuid::FProcGuid(Program& program, Frame& frame, QWidget* parent)
     , m_steps(tourSteps(program.state.guidedProcedureActive)) {
     setAttribute(Qt::WA_DeleteOnClose);
     m_ui->setupUi(this);
-    m_ui->Picture1->setIcon(emblem(), emblemSize);
+    m_ui->Picture1->setIcon(emblem(), guideEmblemSize);
     QFont headingFont = font();
-    headingFont.setPointSizeF(QFontInfo(headingFont).pointSizeF() * headingScale);
+    headingFont.setPointSizeF(QFontInfo(headingFont).pointSizeF() * guideHeadingScale);
     headingFont.setBold(true);
     m_ui->Label1->setFont(headingFont);
     // The window keeps its size from step to step.
     QSizePolicy policy = m_ui->Image1->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_ui->Image1->setSizePolicy(policy);
-    m_ui->Image1->setIcon({}, pictureSize);
+    m_ui->Image1->setIcon({}, guidePictureSize);
     const QFontMetrics metrics(m_ui->Text1->font());
     const int border = 2 * (m_ui->Text1->frameWidth() + 4);
     m_ui->Text1->setFixedSize(textColumns * metrics.averageCharWidth() + border,
@@ -75,7 +75,7 @@ void FProcGuid::showStep() {
     m_ui->Image1->setVisible(current.picture.has_value());
     if (current.picture) {
         const ToolInfo& tool = toolOf(*current.picture);
-        m_ui->Image1->setIcon(picture(u"Imm"_s + QString::fromLatin1(tool.key)), pictureSize);
+        m_ui->Image1->setIcon(picture(u"Imm"_s + QString::fromLatin1(tool.key)), guidePictureSize);
         m_ui->Image1->setAccessibleName(u"Pulsante: "_s + QString::fromUtf16(tool.toolTip));
     }
     m_ui->Command1->setText(isLastStep() ? u"FINE"_s : u"NEXT >>"_s);

@@ -28,14 +28,34 @@ bool copyDatabase(const QString& from, const QString& to) {
            QFile::setPermissions(to, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
+/// Makes the first folder that is not there yet of those called 1, 2...
+/// @return its path, empty when it cannot be made
+QString makeNumberedFolder(const QDir& parent) {
+    for (int number = 1;; ++number) {
+        const QString name = QString::number(number);
+        if (parent.mkdir(name)) {
+            return parent.filePath(name);
+        }
+        if (!parent.exists(name)) {
+            return {};
+        }
+    }
+}
+
 } // namespace
 
-HelpCollection::HelpCollection(const QString& file) {
-    const QString copy = m_folder.filePath(u"Quor.qhc"_s);
+HelpCollection::HelpCollection(const QString& file, const QString& copies) {
+    if (copies.isEmpty()) {
+        m_ownFolder = std::make_unique<QTemporaryDir>();
+        m_folder = m_ownFolder->isValid() ? m_ownFolder->path() : QString();
+    } else {
+        m_folder = makeNumberedFolder(QDir(copies));
+    }
+    const QDir folder(m_folder);
+    const QString copy = folder.filePath(u"Quor.qhc"_s);
     const QString pages = u"Quor.qch"_s;
-    const bool copied =
-        m_folder.isValid() && copyDatabase(file, copy) &&
-        copyDatabase(QFileInfo(file).dir().filePath(pages), m_folder.filePath(pages));
+    const bool copied = !m_folder.isEmpty() && copyDatabase(file, copy) &&
+                        copyDatabase(QFileInfo(file).dir().filePath(pages), folder.filePath(pages));
     m_engine = std::make_unique<QHelpEngine>(copy);
     if (copied) {
         m_engine->setReadOnly(false);
@@ -44,6 +64,11 @@ HelpCollection::HelpCollection(const QString& file) {
     }
 }
 
-HelpCollection::~HelpCollection() = default;
+HelpCollection::~HelpCollection() {
+    m_engine.reset();
+    if (m_ownFolder == nullptr && !m_folder.isEmpty()) {
+        QDir(m_folder).removeRecursively();
+    }
+}
 
 } // namespace quor

@@ -14,10 +14,14 @@ namespace quor {
 /// The engine writes beside the collection it reads (its search index at least), and an installed
 /// collection lies where nobody may write. So what is opened is a copy of its own in a temporary
 /// folder, which goes with this object; two running programs never meet there.
+///
+/// The toolkit remembers the path of every collection it has ever opened. Who opens one again and
+/// again therefore gives a folder for the copies, where the paths come back.
 class HelpCollection {
   public:
     /// @param file "Quor.qhc", with "Quor.qch" beside it
-    explicit HelpCollection(const QString& file);
+    /// @param copies an existing folder, nobody else's; for none the copy has one of its own
+    explicit HelpCollection(const QString& file, const QString& copies = {});
     ~HelpCollection();
     HelpCollection(const HelpCollection&) = delete;
     HelpCollection& operator=(const HelpCollection&) = delete;
@@ -29,7 +33,8 @@ class HelpCollection {
     [[nodiscard]] QHelpEngine& engine() { return *m_engine; }
 
   private:
-    QTemporaryDir m_folder;
+    std::unique_ptr<QTemporaryDir> m_ownFolder; ///< where no folder for the copies was given
+    QString m_folder;                           ///< with the copy; empty when it cannot be made
     std::unique_ptr<QHelpEngine> m_engine;
     bool m_readable = false;
 };

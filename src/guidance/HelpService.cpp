@@ -5,6 +5,7 @@
 #include "guidance/HelpWindow.h"
 #include "toolkit/Messages.h"
 
+#include <QDir>
 #include <QString>
 
 #include <memory>
@@ -29,7 +30,10 @@ void HelpService::openHelp(QWidget* window, const QString& helpPath) {
         return;
     }
     if (m_window == nullptr || m_collectionFile != file) {
-        auto collection = std::make_unique<HelpCollection>(file);
+        if (m_copies == nullptr || !QDir(m_copies->path()).exists()) {
+            m_copies = std::make_unique<QTemporaryDir>();
+        }
+        auto collection = std::make_unique<HelpCollection>(file, m_copies->path());
         if (!collection->isReadable()) {
             showError(window,
                       u"I file della guida sono danneggiati o non si possono leggere.\n"

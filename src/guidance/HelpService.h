@@ -2,6 +2,9 @@
 
 #include <QPointer>
 #include <QString>
+#include <QTemporaryDir>
+
+#include <memory>
 
 class QWidget;
 
@@ -32,6 +35,8 @@ class HelpService {
   private:
     QPointer<HelpWindow> m_window;
     QString m_collectionFile; ///< what the viewer shows
+    /// For the copies that are read. Made with the first.
+    std::unique_ptr<QTemporaryDir> m_copies;
 };
 
 } // namespace quor

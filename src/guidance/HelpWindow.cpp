@@ -8,8 +8,10 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QEvent>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QHelpContentItem>
 #include <QHelpContentModel>
 #include <QHelpContentWidget>
@@ -33,11 +35,14 @@
 #include <QTabWidget>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTimer>
 #include <QToolBar>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <algorithm>
+#include <chrono>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -48,7 +53,9 @@ namespace {
 
 constexpr QSize initialSize(1000, 700);
 constexpr QSize toolPictureSize(24, 24);
-constexpr int sideWidth = 280;
+/// Letters of a line on the left: the longest titles, and their place in the tree.
+constexpr int sideLetters = 35;
+constexpr double usualPoints = 10;
 
 /// What the search engine takes for the words that somebody typed: every word must be there, as a
 /// whole or as a beginning, and no sign of the engine's own language reaches it.
@@ -94,6 +101,7 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpCollection> collection)
     m_tabs = new QTabWidget;
     m_tabs->setObjectName(u"tabs"_s);
     m_tabs->setAccessibleName(u"Sommario, indice e ricerca"_s);
+    m_tabs->setUsesScrollButtons(false); // all three have room, whatever the font
     m_tabs->addTab(buildContents(), u"&Sommario"_s);
     m_tabs->addTab(buildIndex(), u"&Indice"_s);
     m_tabs->addTab(buildSearch(), u"&Cerca"_s);
@@ -106,10 +114,13 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpCollection> collection)
     splitter->addWidget(m_tabs);
     splitter->addWidget(buildPage());
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({sideWidth, initialSize.width() - sideWidth});
+    const QSize size = (initialSize * std::max(1.0, QFontInfo(font()).pointSizeF() / usualPoints))
+                           .boundedTo(screen()->availableSize());
+    const int side = sideLetters * fontMetrics().averageCharWidth();
+    splitter->setSizes({side, size.width() - side});
     setCentralWidget(splitter);
     buildToolbar();
-    resize(initialSize.boundedTo(screen()->availableSize()));
+    resize(size);
 
     m_collection->engine().searchEngine()->scheduleIndexDocumentation();
     m_browser->setFocus();
@@ -120,6 +131,14 @@ HelpWindow::~HelpWindow() {
     disconnect(m_browser, nullptr, this, nullptr);
     m_collection->engine().searchEngine()->cancelIndexing();
     delete takeCentralWidget();
+    if (m_searched) {
+        // The toolkit's search is a thread that must not lose its object before it has begun, and
+        // does not say when it has; once it runs, it is waited for. A program that ends before
+        // takes it along.
+        constexpr std::chrono::seconds begun(1);
+        QTimer::singleShot(begun, qApp,
+                           [collection = m_collection.release()] { delete collection; });
+    }
 }
 
 void HelpWindow::buildToolbar() {
@@ -179,6 +198,9 @@ QWidget* HelpWindow::buildContents() {
     contents->setObjectName(u"contents"_s);
     contents->setAccessibleName(u"Sommario"_s);
     contents->setHeaderHidden(true);
+    // A title that is wider than the tree is not shortened, one can scroll to its end.
+    contents->header()->setStretchLastSection(false);
+    contents->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     const auto open = [this](const QModelIndex& index) {
         if (const auto* item = m_collection->engine().contentModel()->contentItemAt(index)) {
             follow(item->url());
@@ -197,6 +219,7 @@ QWidget* HelpWindow::buildContents() {
 QWidget* HelpWindow::buildIndex() {
     QHelpIndexWidget* index = m_collection->engine().indexWidget();
     index->setObjectName(u"index"_s);
+    index->setUniformItemSizes(false); // one can scroll to the end of the longest, not of the first
     index->setAccessibleName(u"Voci dell'indice"_s);
     auto* filter = new QLineEdit;
     filter->setObjectName(u"indexFilter"_s);
@@ -380,10 +403,15 @@ void HelpWindow::search() {
     }
     m_searchNote->setText(u"Ricerca in corso..."_s);
     if (m_indexed) {
-        m_collection->engine().searchEngine()->search(expression);
+        startSearch(expression);
     } else {
         m_searchWaits = true;
     }
+}
+
+void HelpWindow::startSearch(const QString& expression) {
+    m_searched = true;
+    m_collection->engine().searchEngine()->search(expression);
 }
 
 void HelpWindow::showResults(int count) {

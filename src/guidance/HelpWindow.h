@@ -52,6 +52,7 @@ class HelpWindow : public QMainWindow {
     void findInPage(bool backward);
 
     void search();
+    void startSearch(const QString& expression);
     void showResults(int count);
 
     void keepUsable();
@@ -66,6 +67,7 @@ class HelpWindow : public QMainWindow {
     QLabel* m_searchNote = nullptr;
     QListWidget* m_results = nullptr;
     bool m_indexed = false;     ///< the full-text index is there
+    bool m_searched = false;    ///< a thread of the toolkit's may still be about to begin
     bool m_searchWaits = false; ///< a search was asked for before
 };
 

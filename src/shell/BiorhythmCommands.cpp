@@ -80,6 +80,7 @@ void MDIForm1::openBiorhythm() {
 
 void MDIForm1::loadBiorhythmFile(const QString& path) {
     readBiorhythmFile(path, m_program);
+    remember(FileKind::biorhythm, path);
     if (!m_program.state.systemOpen) {
         offerToday();
     }
@@ -110,6 +111,7 @@ void MDIForm1::saveBiorhythm() {
                   u"Errore"_s);
         return;
     }
+    remember(FileKind::biorhythm, path);
     showInformation(this, u"File salvato"_s, u"Ok"_s);
 }
 
@@ -120,7 +122,9 @@ void MDIForm1::saveBiorhythmAs() {
         return;
     }
     // A failure is not reported here, but `modified` then stays set: closing asks again.
-    [[maybe_unused]] const auto failure = saveBiorhythmFile(path, m_program);
+    if (!saveBiorhythmFile(path, m_program)) {
+        remember(FileKind::biorhythm, path);
+    }
     showInformation(this, u"File salvato"_s, u"Ok"_s);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/ExportBatch.h"
+#include "report/Report.h"
 
 #include <QString>
 #include <QStringList>
@@ -18,15 +19,17 @@ enum class StartMode : std::uint8_t {
     commandLineText, ///< `text` is the text as it is
     openFile,        ///< `text` is a file named in the ordinary way
     exportFile,      ///< `batch` says what to export, without a window
+    reportFile,      ///< `report` says what to report, without a window
     showHelp,
     showVersion,
-    wrongUse, ///< `text` says what is wrong
+    wrongUse, ///< `text` says what is wrong, in one line
 };
 
 struct StartRequest {
     StartMode mode = StartMode::plain;
     QString text{};
     BatchRequest batch{};
+    ReportRequest report{};
 };
 
 /// @param arguments without the program's name

@@ -53,7 +53,7 @@ EndRequests::EndRequests(QObject* parent)
         return;
     }
     auto* notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [] { QCoreApplication::exit(0); });
+    connect(notifier, &QSocketNotifier::activated, this, &EndRequests::end);
     for (EndingSignal& ending : endingSignals) {
         ending.taken = take(ending.number);
     }
@@ -70,11 +70,16 @@ EndRequests::~EndRequests() {
     close(pipeEnds[1]);
 }
 
+void EndRequests::end() {
+    emit aboutToEnd();
+    QCoreApplication::exit(0);
+}
+
 /// The session's end reaches the application as a request to quit, which the toolkit would answer
 /// by closing every window, and so by the frame's questions.
 bool EndRequests::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Quit) {
-        QCoreApplication::exit(0);
+        end();
         return true;
     }
     return QObject::eventFilter(watched, event);

@@ -18,8 +18,15 @@ class EndRequests : public QObject {
     EndRequests(EndRequests&&) = delete;
     EndRequests& operator=(EndRequests&&) = delete;
 
+  signals:
+    /// Just before: open boxes still stand, and nobody has taken their end for an answer yet.
+    void aboutToEnd();
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void end();
 };
 
 } // namespace quor

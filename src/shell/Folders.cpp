@@ -34,4 +34,12 @@ Folders prepareFolders(const QString& programFolder) {
     return folders;
 }
 
+QString stateFolder() {
+    QString home = qEnvironmentVariable("XDG_STATE_HOME");
+    if (!QDir::isAbsolutePath(home)) {
+        home = QDir::home().filePath(u".local/state"_s);
+    }
+    return QDir(home).filePath(u"quor"_s);
+}
+
 } // namespace quor

@@ -17,4 +17,9 @@ struct Folders {
 /// @param programFolder where the executable lies
 [[nodiscard]] Folders prepareFolders(const QString& programFolder);
 
+/// Where the program keeps what it remembers by itself and nobody has to save: "quor" in
+/// $XDG_STATE_HOME, or in ~/.local/state where that is unset or, against the rule for such
+/// variables, relative. Not made here: whoever writes into it makes it.
+[[nodiscard]] QString stateFolder();
+
 } // namespace quor

@@ -10,7 +10,10 @@
 #include "shell/ChildArrangement.h"
 #include "shell/FIns.h"
 #include "shell/Folders.h"
+#include "shell/FramePlace.h"
+#include "shell/Recovery.h"
 #include "shell/StatusLabel.h"
+#include "shell/TitleBarStyle.h"
 #include "system/FProj.h"
 #include "toolkit/ChildWindow.h"
 #include "toolkit/ImageList.h"
@@ -23,11 +26,12 @@
 #include "views/graph/FGrphSet.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -38,8 +42,31 @@ namespace quor {
 
 namespace {
 
-constexpr QSize initialSize(1080, 760);
 constexpr QSize toolPictureSize(24, 24);
+
+/// The toolkit's Italian gives one access key to three entries of a window's own menu.
+void giveKeysOfTheirOwn(const QMenu& systemMenu) {
+    for (QAction* entry : systemMenu.actions()) {
+        if (entry->text() == u"Dimen&sione"_s) {
+            entry->setText(u"&Dimensione"_s);
+        } else if (entry->text() == u"Ma&ssimizza"_s) {
+            entry->setText(u"&Massimizza"_s);
+        }
+    }
+}
+
+/// Controls know their size for certain once the style has seen them; what the layouts around them,
+/// those on the pages of a tab too, have heard before may be too little.
+void askForSizesAnew(QWidget& window) {
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        control->ensurePolished();
+        control->updateGeometry();
+    }
+    for (QLayout* layout : window.findChildren<QLayout*>()) {
+        layout->invalidate(); // a layout in a layout is not told otherwise
+    }
+    window.updateGeometry();
+}
 
 QString caption(const char16_t* text) {
     return QString::fromUtf16(text);
@@ -50,7 +77,10 @@ QString caption(const char16_t* text) {
 MDIForm1::MDIForm1(Program& program, const QString& programFolder, QWidget* parent)
     : QMainWindow(parent)
     , m_program(program)
-    , m_area(new QMdiArea(this)) {
+    , m_stateFile(stateFolder())
+    , m_area(new QMdiArea(this))
+    , m_titleBarStyle(new TitleBarStyle(m_area))
+    , m_recovery(new Recovery(program, QDir(stateFolder()).filePath(u"recupero"_s), this)) {
     resetToStartUp(m_program);
 
     setObjectName(u"MDIForm1"_s);
@@ -61,11 +91,13 @@ MDIForm1::MDIForm1(Program& program, const QString& programFolder, QWidget* pare
     m_area->setAccessibleName(u"Finestre"_s);
     setCentralWidget(m_area);
     buildMenus();
+    buildFileEntries();
     buildToolbar();
     buildStatusBar();
     buildPopup();
+    buildChildKeys();
     showCommandStates();
-    resize(initialSize.boundedTo(screen()->availableSize()));
+    restorePlace(*this, m_stateFile);
 
     const Folders folders = prepareFolders(programFolder);
     m_program.state.userFolder = folders.userFiles;
@@ -74,6 +106,7 @@ MDIForm1::MDIForm1(Program& program, const QString& programFolder, QWidget* pare
 }
 
 MDIForm1::~MDIForm1() {
+    savePlace(*this, m_stateFile);
     m_ending = true;
     delete m_tour; // it unlocks the commands
     // A run that goes on in them enables the frame again.
@@ -164,11 +197,52 @@ void MDIForm1::buildPopup() {
     });
 }
 
+/// The keys for the windows inside the frame that the toolkit does not bring itself. It always
+/// brings Ctrl+Tab, and for closing either Ctrl+W or that and Ctrl+F4, as the desktop has it.
+void MDIForm1::buildChildKeys() {
+    const auto add = [this](const QString& keys, const auto& slot) {
+        auto* action = new QAction(this);
+        action->setShortcut(QKeySequence(keys));
+        connect(action, &QAction::triggered, this, slot);
+        addAction(action);
+    };
+    add(u"Ctrl+F6"_s, [this] { m_area->activateNextSubWindow(); });
+    add(u"Ctrl+Shift+F6"_s, [this] { m_area->activatePreviousSubWindow(); });
+    const QKeySequence close(u"Ctrl+F4"_s);
+    if (!QKeySequence::keyBindings(QKeySequence::Close).contains(close)) {
+        add(close.toString(), [this] { m_area->closeActiveSubWindow(); });
+    }
+    add(u"Alt+-"_s, [this] {
+        if (QMdiSubWindow* window = m_area->activeSubWindow()) {
+            window->showSystemMenu();
+        }
+    });
+}
+
 QAction* MDIForm1::action(Command command) const {
     return m_actions.at(static_cast<std::size_t>(command));
 }
 
+bool MDIForm1::recovered() {
+    switch (m_recovery->offer(this)) {
+    case Recovery::Taken::nothing:
+        return false;
+    case Recovery::Taken::biorhythm:
+        applyBiorhythm();
+        break;
+    case Recovery::Taken::system:
+        showLoadedSystem();
+        break;
+    }
+    return true;
+}
+
+void MDIForm1::keepUnsavedWork() {
+    m_recovery->keep();
+}
+
 void MDIForm1::start(const StartRequest& request) {
+    const bool hasWork = recovered();
     switch (request.mode) {
     case StartMode::commandLineText: {
         const QString path = pathInCommandLineText(request.text);
@@ -185,7 +259,7 @@ void MDIForm1::start(const StartRequest& request) {
         }
         break;
     case StartMode::plain:
-        if (m_program.state.fastStart != u"FALSE"_s) {
+        if (!hasWork && m_program.state.fastStart != u"FALSE"_s) {
             showFastStart();
         }
         break;
@@ -194,8 +268,13 @@ void MDIForm1::start(const StartRequest& request) {
     }
 }
 
+/// Opens a file that was named at the start, where something may have been taken back already.
 void MDIForm1::openFile(const QString& path) {
-    switch (fileKind(path)) {
+    const FileKind kind = fileKind(path);
+    if (kind == FileKind::other || !closedCurrent()) {
+        return;
+    }
+    switch (kind) {
     case FileKind::biorhythm:
         loadBiorhythmFile(path);
         break;
@@ -319,6 +398,7 @@ void MDIForm1::showCommandStates() {
     for (const CommandInfo& info : commandTable()) {
         action(info.command)->setEnabled(m_states.isCommandEnabled(info.command));
     }
+    showFileEntryStates();
     for (const ToolInfo& info : toolTable()) {
         if (!info.isSeparator()) {
             m_tools.at(static_cast<std::size_t>(info.position) - 1)
@@ -346,8 +426,13 @@ void MDIForm1::showChild(ChildWindow* child) {
     auto* window = qobject_cast<QMdiSubWindow*>(child->parentWidget());
     if (window == nullptr) {
         window = m_area->addSubWindow(child);
+        giveKeysOfTheirOwn(*window->systemMenu());
         window->setAttribute(Qt::WA_DeleteOnClose);
         window->setWindowIcon(windowIcon());
+        if (m_titleBarStyle->isNeeded()) {
+            window->setStyle(m_titleBarStyle);
+        }
+        askForSizesAnew(*child);
         window->resize(window->sizeHint().boundedTo(m_area->viewport()->size()));
     }
     if (window->isMinimized()) {
@@ -432,6 +517,7 @@ void MDIForm1::quit() {
 
 void MDIForm1::end() {
     m_ending = true;
+    m_recovery->forget();
     if (m_tour != nullptr) {
         m_tour->close();
     }

@@ -3,6 +3,7 @@
 #include "core/Biorhythm.h"
 #include "shell/CommandLine.h"
 #include "shell/CommandStates.h"
+#include "shell/StateFile.h"
 #include "toolkit/Dialogs.h"
 #include "toolkit/Frame.h"
 
@@ -30,7 +31,10 @@ class FProcGuid;
 class FProj;
 class FStampaBio;
 class FStat;
+class Recovery;
+class RecentFiles;
 class StatusLabel;
+class TitleBarStyle;
 class ToolHighlight;
 
 /// The program's frame: menus, toolbar, status bar, and the views as windows inside it.
@@ -48,8 +52,12 @@ class MDIForm1 : public QMainWindow, public Frame {
     MDIForm1(MDIForm1&&) = delete;
     MDIForm1& operator=(MDIForm1&&) = delete;
 
-    /// The last step of starting, once the frame is shown: opens what was named.
+    /// The last step of starting, once the frame is shown: offers what an earlier run could not
+    /// save and opens what was named.
     void start(const StartRequest& request);
+
+    /// The program ends without a question: what is not saved is put aside for the next start.
+    void keepUnsavedWork();
 
     /// Reads a .bio file into the record, asks whether to move an old calculation date to today,
     /// and applies the biorhythm.
@@ -90,12 +98,15 @@ class MDIForm1 : public QMainWindow, public Frame {
     void buildToolbar();
     void buildStatusBar();
     void buildPopup();
+    void buildChildKeys();
     [[nodiscard]] QAction* action(Command command) const;
 
     /// Enables what the states of the commands say.
     void showCommandStates();
 
     void openFile(const QString& path);
+    /// True when the user has taken something back, which is then open.
+    [[nodiscard]] bool recovered();
     // The views of the current biorhythm and their options (BiorhythmViews.cpp).
     /// One of the four view commands, refused with its message while there is no person.
     void openView(Command command);
@@ -131,8 +142,17 @@ class MDIForm1 : public QMainWindow, public Frame {
     void askToCloseSystem();
     [[nodiscard]] bool closedCurrent();
     FProj* ensureSystemWindow();
+    void showLoadedSystem();
     void closeExportAndPrint();
     void unlock();
+
+    // Recent and dropped files (FileCommands.cpp).
+    void buildFileEntries();
+    void showFileEntryStates();
+    [[nodiscard]] bool canOpen(FileKind kind) const;
+    void openNamed(FileKind kind, const QString& path);
+    [[nodiscard]] RecentFiles* recentFiles(FileKind kind) const;
+    void remember(FileKind kind, const QString& path);
 
     // The fast-start window and the guided tours (GuideCommands.cpp).
     void showFastStart();
@@ -144,12 +164,16 @@ class MDIForm1 : public QMainWindow, public Frame {
     void end();
 
     Program& m_program;
+    StateFile m_stateFile;
     QMdiArea* m_area = nullptr;
+    TitleBarStyle* m_titleBarStyle;
     QToolBar* m_toolbar = nullptr;
     std::array<QAction*, commandCount> m_actions{};
     std::array<QAction*, 20> m_tools{};
     std::array<QMenu*, static_cast<std::size_t>(Menu::none)> m_menus{};
     CommandStates m_states;
+    RecentFiles* m_recentBiorhythms = nullptr;
+    RecentFiles* m_recentSystems = nullptr;
     std::array<StatusLabel*, 3> m_panels{};
     QMenu* m_popup = nullptr; ///< mnuPopUp
     // Each view of the biorhythm exists once; null while it is closed.
@@ -165,6 +189,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     QPointer<FFastStart> m_fastStart;
     QPointer<FProcGuid> m_tour;
     std::vector<ToolHighlight*> m_highlights; ///< of the tour's step
+    Recovery* m_recovery = nullptr;
     /// The answer to the last question whether to close the biorhythm.
     Answer m_closeAnswer = Answer::yes;
     bool m_ending = false;

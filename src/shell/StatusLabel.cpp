@@ -18,6 +18,7 @@ StatusLabel::StatusLabel(QWidget* parent)
 void StatusLabel::setFullText(const QString& text) {
     setText(text);
     setToolTip(toolTipText(text));
+    setAccessibleDescription(text); // it would be the tooltip otherwise, with its markup
 }
 
 void StatusLabel::paintEvent(QPaintEvent* /*event*/) {

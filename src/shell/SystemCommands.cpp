@@ -72,7 +72,12 @@ void MDIForm1::openSystemFile() {
 
 void MDIForm1::loadSystemFile(const QString& path) {
     readSystemFile(path, m_program);
+    remember(FileKind::system, path);
     offerToday();
+    showLoadedSystem();
+}
+
+void MDIForm1::showLoadedSystem() {
     FProj* window = ensureSystemWindow();
     window->fillTree();
     showChild(window);
@@ -92,6 +97,7 @@ void MDIForm1::saveSystem() {
                   u"Errore"_s);
         return;
     }
+    remember(FileKind::system, path);
     showInformation(this, u"Sistema salvato"_s, u"Ok"_s);
 }
 
@@ -102,7 +108,9 @@ void MDIForm1::saveSystemAs() {
         return;
     }
     // A failure is not reported here, but `modified` then stays set: closing asks again.
-    [[maybe_unused]] const auto failure = saveSystemFile(path, m_program);
+    if (!saveSystemFile(path, m_program)) {
+        remember(FileKind::system, path);
+    }
     showInformation(this, u"File salvato"_s, u"Ok"_s);
 }
 

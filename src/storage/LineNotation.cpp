@@ -12,6 +12,8 @@
 #include <chrono>
 #include <string_view>
 
+using namespace Qt::StringLiterals;
+
 namespace quor {
 
 namespace {
@@ -211,7 +213,7 @@ std::optional<std::int64_t> parseInteger(QByteArrayView line) {
 
 LineReader::LineReader(QIODevice& device)
     : m_device(&device)
-    , m_block(2 * maximumLine, Qt::Uninitialized) {}
+    , m_block(maximumLine + maximumLine / 2, Qt::Uninitialized) {}
 
 void LineReader::read(QString& value) {
     if (auto text = parseString(nextLine())) {
@@ -284,6 +286,9 @@ bool LineReader::fill() {
 }
 
 std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes) {
+    if (const QFileInfo old(path); old.exists() && !old.isFile() && !old.isDir()) {
+        return u"Non è un file: niente ne prende il posto."_s; // a pipe, a device
+    }
     QSaveFile file(path);
     // Flushing is asked for by name: a commit that flushes a small file itself does not notice a
     // disk that is full, and would put the cut file in the old one's place.

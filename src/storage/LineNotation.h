@@ -85,7 +85,7 @@ class LineReader {
     }
 
     QIODevice* m_device;
-    QByteArray m_block; ///< room for the longest line that counts, and for as much again
+    QByteArray m_block; ///< room for the longest line that counts, and for half as much again
     qsizetype m_begin = 0;
     qsizetype m_end = 0;
     qint64 m_read = 0;

@@ -27,7 +27,7 @@ void readMembers(LineReader& reader, AppState& state) {
 
 } // namespace
 
-std::optional<QString> saveSystemFile(const QString& path, Program& program) {
+QByteArray systemFileContent(const Program& program) {
     const AppState& state = program.state;
     const auto count =
         std::clamp<std::ptrdiff_t>(state.systemCount, 0, std::ssize(state.systemMembers));
@@ -39,19 +39,27 @@ std::optional<QString> saveSystemFile(const QString& path, Program& program) {
         writer.writeDate(member.birthDate);
     }
     writeDateAndOptions(writer, program.biorhythm);
-    if (auto failure = writeWholeFile(path, writer.bytes())) {
+    return writer.bytes();
+}
+
+std::optional<QString> saveSystemFile(const QString& path, Program& program) {
+    if (auto failure = writeWholeFile(path, systemFileContent(program))) {
         return failure;
     }
     program.state.modified = false;
     return std::nullopt;
 }
 
+void readSystem(QIODevice& device, Program& program) {
+    LineReader reader(device);
+    readMembers(reader, program.state);
+    readDateAndOptions(reader, program.biorhythm);
+}
+
 void readSystemFile(const QString& path, Program& program) {
     QFile file(path);
     if (openForReading(file)) {
-        LineReader reader(file);
-        readMembers(reader, program.state);
-        readDateAndOptions(reader, program.biorhythm);
+        readSystem(file, program);
     }
     program.state.modified = false;
     program.state.systemFilePath = path;

@@ -2,6 +2,8 @@
 
 #include "core/Biorhythm.h"
 
+#include <QByteArray>
+#include <QIODevice>
 #include <QString>
 
 #include <optional>
@@ -12,10 +14,16 @@
 /// end of a .bio file.
 namespace quor {
 
+/// What saving writes.
+[[nodiscard]] QByteArray systemFileContent(const Program& program);
+
 /// Writes the open system and the record's date and options to the path and clears `modified`.
 /// `systemFilePath` stays as it is.
 /// @return nothing on success; else the reason, and the old file and `modified` are untouched
 [[nodiscard]] std::optional<QString> saveSystemFile(const QString& path, Program& program);
+
+/// Reads what an open device holds into the system and the record, as `readSystemFile` says.
+void readSystem(QIODevice& device, Program& program);
 
 /// Reads the file into the system and the record, field by field: what is missing or damaged keeps
 /// its value.

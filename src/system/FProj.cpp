@@ -84,6 +84,7 @@ FProj::FProj(Program& program, Frame& frame, QWidget* parent)
     tree->viewport()->installEventFilter(this);
 
     connectButtons();
+    giveTreeRoom();
     m_ui->Command1->setFocus();
     openSystem(m_program, m_frame);
 }
@@ -124,8 +125,21 @@ void FProj::fillTree() {
     enableMemberButtons(m_program.state.systemCount > 0);
 }
 
+/// For a name of usual length, in any font.
+void FProj::giveTreeRoom() {
+    constexpr int letters = 26; // of "Bioritmo di" too, and its sign
+    m_ui->TreeView1->setMinimumWidth(letters * fontMetrics().averageCharWidth());
+}
+
+void FProj::changeEvent(QEvent* event) {
+    ChildWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        giveTreeRoom();
+    }
+}
+
 QSize FProj::sizeHint() const {
-    return QWidget::sizeHint().expandedTo({640, 420});
+    return QWidget::sizeHint().expandedTo(forFont({640, 420}));
 }
 
 void FProj::addMember(const QString& name) {

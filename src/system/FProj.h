@@ -58,12 +58,14 @@ class FProj : public ChildWindow {
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
+    void changeEvent(QEvent* event) override;
     /// Asks whether to close the system and, where it has changes, whether to save them.
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void connectButtons();
+    void giveTreeRoom();
     void enableSystemButtons(bool enabled);
     void enableMemberButtons(bool enabled);
     void showButtons();

@@ -1,7 +1,10 @@
 #include "toolkit/ChildWindow.h"
 
 #include <QCloseEvent>
+#include <QFontInfo>
 #include <QMdiSubWindow>
+
+#include <algorithm>
 
 namespace quor {
 
@@ -18,6 +21,11 @@ void ChildWindow::closeWindow() {
     } else {
         close();
     }
+}
+
+QSize ChildWindow::forFont(QSize usual) const {
+    constexpr double usualPoints = 10;
+    return usual * std::max(1.0, QFontInfo(font()).pointSizeF() / usualPoints);
 }
 
 void ChildWindow::closeEvent(QCloseEvent* event) {

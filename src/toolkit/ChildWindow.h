@@ -22,6 +22,10 @@ class ChildWindow : public QWidget {
     void closed();
 
   protected:
+    /// A size that suits a font of usual size (10 points), for the font of the window: larger where
+    /// that is larger.
+    [[nodiscard]] QSize forFont(QSize usual) const;
+
     void closeEvent(QCloseEvent* event) override;
 };
 

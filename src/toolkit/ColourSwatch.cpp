@@ -3,6 +3,7 @@
 #include "toolkit/DrawingPainter.h"
 #include "toolkit/FileDialogs.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
@@ -31,6 +32,16 @@ void ColourSwatch::choose() {
 QSize ColourSwatch::sizeHint() const {
     const int height = fontMetrics().height() + 8;
     return {3 * height, height};
+}
+
+void ColourSwatch::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (!event->isAutoRepeat()) {
+            click();
+        }
+        return;
+    }
+    QAbstractButton::keyPressEvent(event);
 }
 
 void ColourSwatch::paintEvent(QPaintEvent* /*event*/) {

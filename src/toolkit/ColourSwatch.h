@@ -23,6 +23,8 @@ class ColourSwatch : public QAbstractButton {
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
+    /// Enter presses it, as it does its neighbours that are push buttons.
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:

@@ -13,7 +13,7 @@ constexpr std::array menus{
     MenuInfo{Menu::mnuHelp, "mnuHelp", u"&Help"},
 };
 
-constexpr bool first = true;  ///< starts a group
+constexpr bool startsGroup = true;
 constexpr bool inner = false; ///< continues one
 
 // clang-format off
@@ -23,25 +23,25 @@ constexpr std::array<CommandInfo, commandCount> commands{{
     {Command::mnuSalvaSistema, "mnuSalvaSistema", Menu::mnuFile, u"&Salva sistema", Needs::system, inner},
     {Command::mnuSalvaSistemaConNome, "mnuSalvaSistemaConNome", Menu::mnuFile, u"Salva c&on nome", Needs::system, inner},
     {Command::mnuChiudiSistema, "mnuChiudiSistema", Menu::mnuFile, u"C&hiudi Sistema", Needs::system, inner},
-    {Command::mnuOpzioniSistema, "mnuOpzioniSistema", Menu::mnuFile, u"&Opzioni Sistema", Needs::system, first},
+    {Command::mnuOpzioniSistema, "mnuOpzioniSistema", Menu::mnuFile, u"&Opzioni Sistema", Needs::system, startsGroup},
     {Command::mnuEsportaSistema, "mnuEsportaSistema", Menu::mnuFile, u"Es&porta il sistema", Needs::system, inner},
-    {Command::mnuEsci, "mnuEsci", Menu::mnuFile, u"&Esci dal Quor", Needs::nothing, first},
+    {Command::mnuEsci, "mnuEsci", Menu::mnuFile, u"&Esci dal Quor", Needs::nothing, startsGroup},
 
     {Command::mnuCalcola, "mnuCalcola", Menu::mnuBioritmi, u"&Calcola nuovo", Needs::nothing, inner},
     {Command::mnuApriBioritmo, "mnuApriBioritmo", Menu::mnuBioritmi, u"&Apri bioritmo", Needs::nothing, inner},
     {Command::mnuSalvaBioritmo, "mnuSalvaBioritmo", Menu::mnuBioritmi, u"&Salva bioritmo", Needs::biorhythm, inner},
     {Command::mnuSalvaConNome, "mnuSalvaConNome", Menu::mnuBioritmi, u"Salva c&on nome", Needs::biorhythm, inner},
     {Command::mnuChiudiBioritmo, "mnuChiudiBioritmo", Menu::mnuBioritmi, u"C&hiudi Bioritmo", Needs::biorhythm, inner},
-    {Command::mnuAnteprimaDiStampa, "mnuAnteprimaDiStampa", Menu::mnuBioritmi, u"A&nteprima &di Stampa", Needs::biorhythm, first},
+    {Command::mnuAnteprimaDiStampa, "mnuAnteprimaDiStampa", Menu::mnuBioritmi, u"A&nteprima &di Stampa", Needs::biorhythm, startsGroup},
     {Command::mnuStampa, "mnuStampa", Menu::mnuBioritmi, u"Sta&mpa", Needs::biorhythm, inner},
-    {Command::mnuGrafico, "mnuGrafico", Menu::mnuBioritmi, u"&Grafico", Needs::biorhythm, first},
+    {Command::mnuGrafico, "mnuGrafico", Menu::mnuBioritmi, u"&Grafico", Needs::biorhythm, startsGroup},
     {Command::mnuStatoSettimanale, "mnuStatoSettimanale", Menu::mnuBioritmi, u"Stato settimana&le", Needs::biorhythm, inner},
     {Command::mnuStatoOdierno, "mnuStatoOdierno", Menu::mnuBioritmi, u"S&tato del giorno", Needs::biorhythm, inner},
     {Command::mnuPrevisioni, "mnuPrevisioni", Menu::mnuBioritmi, u"P&revisioni", Needs::biorhythm, inner},
-    {Command::mnuSpostaDataDiCalcolo, "mnuSpostaDataDiCalcolo", Menu::mnuBioritmi, u"S&posta data di calcolo", Needs::biorhythm, first},
+    {Command::mnuSpostaDataDiCalcolo, "mnuSpostaDataDiCalcolo", Menu::mnuBioritmi, u"S&posta data di calcolo", Needs::biorhythm, startsGroup},
     {Command::mnuOpzioni, "mnuOpzioni", Menu::mnuBioritmi, u"&Opzioni bioritmo", Needs::biorhythm, inner},
     {Command::mnuEsporta, "mnuEsporta", Menu::mnuBioritmi, u"&Esporta Informazioni", Needs::biorhythm, inner},
-    {Command::mnuEsci2, "mnuEsci2", Menu::mnuBioritmi, u"Esc&i da Quor", Needs::nothing, first},
+    {Command::mnuEsci2, "mnuEsci2", Menu::mnuBioritmi, u"Esc&i da Quor", Needs::nothing, startsGroup},
 
     {Command::mnuWinArrHor, "mnuWinArrHor", Menu::mnuFinestre, u"Affiancate &Orizzontalmente", Needs::nothing, inner},
     {Command::mnuWinArrVer, "mnuWinArrVer", Menu::mnuFinestre, u"Affiancate &Verticalmente", Needs::nothing, inner},
@@ -50,7 +50,7 @@ constexpr std::array<CommandInfo, commandCount> commands{{
 
     {Command::mnuHlpCompleto, "mnuHlpCompleto", Menu::mnuHelp, u"&File di guida", Needs::nothing, inner},
     {Command::mnuProcedureGuidate, "mnuProcedureGuidate", Menu::mnuHelp, u"&Procedure guidate", Needs::nothing, inner},
-    {Command::mnuAbout, "mnuAbout", Menu::mnuHelp, u"&About", Needs::nothing, first},
+    {Command::mnuAbout, "mnuAbout", Menu::mnuHelp, u"&About", Needs::nothing, startsGroup},
 
     {Command::graphOptions, "graphOptions", Menu::none, u"Opzioni Grafico", Needs::nothing, inner},
     {Command::weeklyOptions, "weeklyOptions", Menu::none, u"Opzioni Grafico Settimanale", Needs::nothing, inner},

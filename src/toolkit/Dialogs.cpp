@@ -1,6 +1,6 @@
 #include "toolkit/Dialogs.h"
 
-#include "toolkit/SystemPrintDialog.h"
+#include "toolkit/PrintDialog.h"
 
 #include <QColorDialog>
 #include <QFileDialog>
@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -45,6 +46,47 @@ void makeRoomForTitle(QMessageBox& window) {
     }
 }
 
+/// The line with places to break in words that are longer than the path of a file usually is.
+QString breakable(const QString& line) {
+    constexpr qsizetype longestWord = 70;
+    constexpr qsizetype longestPiece = 50;
+    constexpr QChar breakHere(0x200B);
+    QStringList words = line.split(u' ');
+    for (QString& word : words) {
+        qsizetype end = word.size() > longestWord ? longestPiece : word.size();
+        for (; end < word.size(); end += longestPiece + 1) {
+            if (word[end].isLowSurrogate()) {
+                --end;
+            }
+            word.insert(end, breakHere);
+        }
+    }
+    return words.join(u' ');
+}
+
+/// The text with a gap in each line that is longer than anything said on purpose, and a place to
+/// break in words that would be wider than the box: whatever is named in it, the buttons stay on
+/// the screen.
+QString onScreen(const QString& text) {
+    constexpr qsizetype longestLine = 600;
+    constexpr qsizetype mostLines = 20;
+    QStringList lines = text.split(u'\n');
+    if (lines.size() > mostLines) {
+        lines = lines.first(mostLines) << u"…"_s;
+    }
+    for (QString& line : lines) {
+        if (line.size() > longestLine) {
+            const qsizetype half = longestLine / 2;
+            const bool inPair = line[half - 1].isHighSurrogate();
+            const bool endInPair = line[line.size() - half].isLowSurrogate();
+            line = line.first(inPair ? half - 1 : half) + u'…' +
+                   line.last(endInPair ? half - 1 : half);
+        }
+        line = breakable(line);
+    }
+    return lines.join(u'\n');
+}
+
 class RealDialogHost : public DialogHost {
   public:
     Answer message(QWidget* parent, const MessageBox& box) override {
@@ -53,7 +95,7 @@ class RealDialogHost : public DialogHost {
         window.setWindowTitle(box.title);
         // Texts hold names that people typed: never markup.
         window.setTextFormat(Qt::PlainText);
-        window.setText(box.text);
+        window.setText(onScreen(box.text));
         makeRoomForTitle(window);
         if (box.kind != BoxKind::question) {
             window.setStandardButtons(QMessageBox::Ok);
@@ -64,6 +106,32 @@ class RealDialogHost : public DialogHost {
         window.setDefaultButton(QMessageBox::Yes);
         window.setEscapeButton(QMessageBox::No);
         return window.exec() == QMessageBox::Yes ? Answer::yes : Answer::no;
+    }
+
+    qsizetype choice(QWidget* parent, const ChoiceBox& box) override {
+        QMessageBox window(parent);
+        window.setIcon(QMessageBox::Question);
+        window.setWindowTitle(box.title);
+        window.setTextFormat(Qt::PlainText);
+        window.setText(onScreen(box.text));
+        makeRoomForTitle(window);
+        QList<QAbstractButton*> buttons;
+        for (const QString& caption : box.buttons) {
+            const bool isFirst = buttons.isEmpty();
+            const bool isLast = buttons.size() == box.buttons.size() - 1;
+            QPushButton* button =
+                window.addButton(caption, isFirst  ? QMessageBox::AcceptRole
+                                          : isLast ? QMessageBox::RejectRole
+                                                   : QMessageBox::DestructiveRole);
+            buttons << button;
+            if (isFirst) {
+                window.setDefaultButton(button);
+            }
+        }
+        window.setEscapeButton(buttons.constLast());
+        window.exec();
+        const qsizetype pressed = buttons.indexOf(window.clickedButton());
+        return pressed < 0 ? buttons.size() - 1 : pressed;
     }
 
     QString input(QWidget* parent, const QString& prompt, const QString& title) override {
@@ -94,7 +162,8 @@ class RealDialogHost : public DialogHost {
     }
 
     std::optional<PrintChoice> print(QWidget* parent, const PrintRequest& request) override {
-        return showSystemPrintDialog(parent, request);
+        const PrintDialog dialog = systemPrintDialog();
+        return dialog != nullptr ? dialog(parent, request) : std::nullopt;
     }
 };
 

@@ -25,6 +25,15 @@ struct MessageBox {
     QString title;
 };
 
+/// A question with buttons of its own.
+struct ChoiceBox {
+    QString text;
+    QString title;
+    /// Captions. The first is what Enter presses; the last does nothing that could not be done
+    /// later, and closing the box presses it; what lies between destroys something.
+    QStringList buttons;
+};
+
 enum class FileMode : std::uint8_t { open, save };
 
 struct FileRequest {
@@ -69,6 +78,8 @@ class DialogHost {
     virtual ~DialogHost() = default;
 
     virtual Answer message(QWidget* parent, const MessageBox& box) = 0;
+    /// The position of the button that was pressed.
+    virtual qsizetype choice(QWidget* parent, const ChoiceBox& box) = 0;
     /// Empty when cancelled.
     virtual QString input(QWidget* parent, const QString& prompt, const QString& title) = 0;
     /// Empty when cancelled.

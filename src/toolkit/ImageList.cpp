@@ -41,6 +41,9 @@ class PaletteIconEngine : public QIconEngine {
 
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/,
                          qreal scale) override {
+        if (size.isEmpty()) {
+            return {}; // a tab or a title bar squeezed to nothing asks for one
+        }
         const QPalette palette = QGuiApplication::palette();
         const QColor line = palette.color(mode == QIcon::Selected ? QPalette::HighlightedText
                                                                   : QPalette::WindowText);

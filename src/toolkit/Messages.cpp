@@ -36,6 +36,11 @@ Answer ask(QWidget* parent, const QString& text, const QString& title) {
     return show(parent, BoxKind::question, text, title);
 }
 
+qsizetype askChoice(QWidget* parent, const QString& text, const QString& title,
+                    const QStringList& buttons) {
+    return dialogHost().choice(parent, {.text = text, .title = title, .buttons = buttons});
+}
+
 QString askText(QWidget* parent, const QString& prompt, const QString& title) {
     return dialogHost().input(parent, prompt, title);
 }

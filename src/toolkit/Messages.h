@@ -23,6 +23,11 @@ void showOverflow(QWidget* parent);
 /// A question with Yes and No; closing the box is No.
 [[nodiscard]] Answer ask(QWidget* parent, const QString& text, const QString& title);
 
+/// A question with two or more buttons of its own, in the order that `ChoiceBox` wants.
+/// @return the position of the pressed button; closing the box presses the last one
+[[nodiscard]] qsizetype askChoice(QWidget* parent, const QString& text, const QString& title,
+                                  const QStringList& buttons);
+
 /// One line of text; empty when cancelled.
 [[nodiscard]] QString askText(QWidget* parent, const QString& prompt, const QString& title);
 

@@ -1,8 +1,11 @@
 #include "toolkit/PictureBox.h"
 
+#include "toolkit/AccessiblePicture.h"
 #include "toolkit/DrawingPainter.h"
 
+#include <QContextMenuEvent>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -10,7 +13,9 @@ namespace quor {
 
 PictureBox::PictureBox(QWidget* parent)
     : QWidget(parent) {
+    introduceAsPicture(*this, PictureKind::chart);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::TabFocus); // a click on a picture leaves the keyboard where it is
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
@@ -38,6 +43,22 @@ void PictureBox::changeEvent(QEvent* event) {
     }
 }
 
+void PictureBox::contextMenuEvent(QContextMenuEvent* event) {
+    // That of a mouse button has come as `pressed` already.
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        emit menuRequested();
+    }
+}
+
+void PictureBox::keyPressEvent(QKeyEvent* event) {
+    // The menu key becomes an event of its own; this one the toolkit leaves to us.
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        emit menuRequested();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
     const QSize wanted = (QSizeF(size()) * devicePixelRatioF()).toSize();
     if (m_sheet.size() != wanted) {
@@ -48,7 +69,11 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
         painter.setFont(font());
         paint(painter, m_drawing);
     }
-    QPainter(this).drawPixmap(0, 0, m_sheet);
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, m_sheet);
+    if (hasFocus()) {
+        paintFocusFrame(painter, *this);
+    }
 }
 
 void PictureBox::resizeEvent(QResizeEvent* event) {

@@ -9,7 +9,7 @@ namespace quor {
 /// The stored text; empty when there is none.
 [[nodiscard]] QString getSetting(const QString& section, const QString& key);
 
-/// @return false when the store cannot be written
+/// A store that was damaged is whole again afterwards. @return false when it cannot be written
 bool saveSetting(const QString& section, const QString& key, const QString& value);
 
 /// "Options"/"FastStart" as it stands; "TRUE" when it is empty or missing.

@@ -823,6 +823,7 @@ class Program:
                 environment.pop(name, None)
             else:
                 environment[name] = str(value)
+        self._death_was_wanted = False
         desktop._shown_popups.clear()
         descriptor, self._stderr_path = tempfile.mkstemp(dir=desktop.directory,
                                                          prefix="stderr-")
@@ -855,7 +856,7 @@ class Program:
         self.kill()
         if left_running:
             raise HarnessError(f"{self.argv[0]} was left running")
-        if self.exit_status < 0:
+        if self.exit_status < 0 and not self._death_was_wanted:
             name = signal.Signals(-self.exit_status).name
             raise HarnessError(f"{self.argv[0]} died of {name}\n{self.stderr_text()}")
 
@@ -892,6 +893,12 @@ class Program:
         if self.is_running():
             self._process.kill()
         _stop_process(self._process)
+
+    def kill_at_once(self):
+        """SIGKILL, for a test that wants the program to end without a last word."""
+        self._death_was_wanted = True
+        self.send_signal(signal.SIGKILL)
+        self.wait_exit()
 
     def stderr_text(self):
         """What the program has written to stderr (and stdout) so far."""

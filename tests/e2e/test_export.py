@@ -72,7 +72,8 @@ class ExportTest(ProgramTestCase):
         original = os.environ["QUOR_PROGRAM"]
         self.path = shutil.copy(original, self.folder)
         self.renderer = os.path.join(self.folder, "quor-render")
-        shutil.copy(os.path.join(os.path.dirname(original), "quor-render"), self.renderer)
+        for part in ("quor-render", "quor-paper.so"):
+            shutil.copy(os.path.join(os.path.dirname(original), part), self.folder)
         self.exports = os.path.join(self.folder, "UserFiles", "Esportazioni")
 
     # -- steps of the scenarios ----------------------------------------------

@@ -266,8 +266,9 @@ class SystemTest(ProgramTestCase):
                 wait_for(lambda: name_of(combo) == name, "End does not choose the last")
 
         panels = []
-        texts = ["Compatibilità: 12,30%", "Compatibilità fisica: 21,74%",
-                 "Compatibilità emotiva: 0,00%", "Compatibilità intellettiva: 15,15%"]
+        texts = [f"{text}%, tra {' e '.join(people)}" for text in (
+            "Compatibilità: 12,30", "Compatibilità fisica: 21,74",
+            "Compatibilità emotiva: 0,00", "Compatibilità intellettiva: 15,15")]
 
         def read_panels():
             panels[:] = [text for text in map(description_of, program.find_all(parent=window))

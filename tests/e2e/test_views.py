@@ -192,7 +192,7 @@ class FourViewsTest(ViewsTestCase):
 
         week = program.window("Grafico settimanale di Maria Rossi")
         pictures = [name_of(node) for node in program.find_all(
-            "filler", re.compile("^[A-Z]+$"), parent=week)]
+            "chart", re.compile("^[A-Z]+$"), parent=week)]
         self.assertEqual(pictures, ["MEDIA", "FISICO", "EMOTIVO", "INTELLETTIVO"])
         self.assertEqual([name_of(node) for node in program.find_all("label", parent=week)],
                          ["Ottimi", "Stabili", "Critici"])

@@ -1,6 +1,7 @@
 #include "export/TestFStampaBio.h"
 
 #include "export/FStampaBio.h"
+#include "export/Paper.h"
 #include "export/PreviewWindow.h"
 #include "export/WebBrowser.h"
 
@@ -97,6 +98,10 @@ struct Window : ExportFixture {
 };
 
 } // namespace
+
+void TestFStampaBio::initTestCase() {
+    usePaper(quorPaper());
+}
 
 void TestFStampaBio::wearsTheModeAndHasEverythingChosen() {
     const Window print(PrintMode::print);

@@ -8,6 +8,7 @@ class TestFStampaBio : public Test {
     Q_OBJECT
 
   private slots:
+    void initTestCase();
     void wearsTheModeAndHasEverythingChosen();
     void pageGoesWithItsPictures();
     void exportsWhatIsMissingAndPreviews();

@@ -1,5 +1,6 @@
 #include "export/TestWebBrowser.h"
 
+#include "export/Paper.h"
 #include "export/PreviewWindow.h"
 #include "export/WebBrowser.h"
 
@@ -66,6 +67,10 @@ bool isRunning(const QByteArray& process) {
 }
 
 } // namespace
+
+void TestWebBrowser::initTestCase() {
+    usePaper(quorPaper());
+}
 
 void TestWebBrowser::loadsAPage() {
     Browsing browsing(copyPages);
@@ -245,6 +250,25 @@ void TestWebBrowser::previews() {
     QCOMPARE(windows().constFirst()->pageCount(), 2);
     windows().constFirst()->close();
     QTRY_VERIFY(windows().isEmpty());
+}
+
+void TestWebBrowser::saysWhenTheModuleIsMissing() {
+    Browsing browsing(copyPages);
+    browsing.navigate();
+    QVERIFY(browsing.complete.wait(patience));
+    usePaper(nullptr); // and none lies beside this program
+    QString fault;
+    QVERIFY(paper(fault) == nullptr);
+    QVERIFY2(fault.contains(u"manca \""_s) && fault.contains(u"quor-paper.so\""_s),
+             qPrintable(fault));
+    ScriptedDialogs dialogs;
+    dialogs.expectBox(u"Stampa"_s, fault);
+    browsing.browser->print();
+    dialogs.expectBox(u"Stampa"_s, fault);
+    browsing.browser->printPreview();
+    QVERIFY(dialogs.finished());
+    QVERIFY(browsing.browser->findChildren<QDialog*>().isEmpty());
+    usePaper(quorPaper());
 }
 
 void TestWebBrowser::staysHidden() {

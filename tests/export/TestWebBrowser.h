@@ -8,6 +8,7 @@ class TestWebBrowser : public Test {
     Q_OBJECT
 
   private slots:
+    void initTestCase();
     void loadsAPage();
     void takesBlanksInAddresses();
     void failsWithAReason_data();
@@ -24,6 +25,7 @@ class TestWebBrowser : public Test {
     void loadsAgain();
     void prints();
     void previews();
+    void saysWhenTheModuleIsMissing();
     void staysHidden();
 #ifdef QUOR_RENDERER // not with sanitizers
     void rendersForReal();

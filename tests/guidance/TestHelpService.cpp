@@ -2,6 +2,7 @@
 
 #include "guidance/HelpAddress.h"
 #include "guidance/HelpBrowser.h"
+#include "guidance/HelpCollection.h"
 #include "guidance/HelpService.h"
 #include "guidance/HelpWindow.h"
 #include "support/ScriptedDialogs.h"
@@ -10,8 +11,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
 #include <QFile>
 #include <QHelpContentWidget>
+#include <QHelpEngine>
 #include <QHelpIndexWidget>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,6 +22,7 @@
 #include <QMap>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -132,6 +136,26 @@ void TestHelpService::closedWindowOpensAnew() {
     QVERIFY(!part<QAction>(help, u"back"_s)->isEnabled()); // nothing is remembered
 }
 
+void TestHelpService::copiesComeBackToTheirPaths() {
+    const QTemporaryDir copies;
+    const QString file = QStringLiteral(QUOR_HELP_FOLDER "/Quor.qhc");
+    const auto pathOfCopy = [](HelpCollection& collection) {
+        return collection.isReadable() ? collection.engine().collectionFile() : QString();
+    };
+    QString path;
+    {
+        HelpCollection first(file, copies.path());
+        HelpCollection second(file, copies.path());
+        path = pathOfCopy(first);
+        QVERIFY(path.startsWith(copies.path()));
+        QVERIFY(pathOfCopy(second).startsWith(copies.path()));
+        QVERIFY(pathOfCopy(second) != path);
+    }
+    QVERIFY(QDir(copies.path()).isEmpty());
+    HelpCollection again(file, copies.path());
+    QCOMPARE(pathOfCopy(again), path);
+}
+
 void TestHelpService::unknownPageSaysSo() {
     HelpService help;
     help.openHelp(nullptr, pathOf(u"nessuna.html"_s));
@@ -224,6 +248,30 @@ void TestHelpService::searchFindsInversione() {
     emit results->itemActivated(
         results->item(static_cast<int>(titles.indexOf(u"Le previsioni"_s))));
     QCOMPARE(shownPage(help), u"2prev.html"_s);
+}
+
+/// The thread of a search that has only just been started finds its object gone, now and then,
+/// unless the collection outlives the window.
+void TestHelpService::closesWhileItSearches() {
+    for (int i = 0; i < 8; ++i) {
+        HelpService help;
+        help.openHelp(nullptr, pathOf({}));
+        auto* field = part<QLineEdit>(help, u"searchText"_s);
+        auto* results = part<QListWidget>(help, u"searchResults"_s);
+        QTest::keyClicks(field, u"inversione"_s);
+        QTest::keyClick(field, Qt::Key_Return);
+        QTRY_VERIFY_WITH_TIMEOUT(results->count() >= 2, 20000);
+        QSignalSpy found(results->model(), &QAbstractItemModel::rowsInserted);
+        for (int search = 0; search <= i % 3; ++search) {
+            QTest::keyClick(field, Qt::Key_Return);
+        }
+        const QPointer<QWidget> viewer = field;
+        delete help.window();
+        QVERIFY(viewer.isNull());
+        QTest::qWait(50);
+        QCOMPARE(found.count(), 0);
+    }
+    QTest::qWait(1100); // the last one goes
 }
 
 void TestHelpService::searchTakesAnyText() {

@@ -13,6 +13,7 @@ class TestHelpService : public Test {
     void collectionIsFoundBesideTheProgramOrInstalled();
     void opensOneWindowAtThePage();
     void closedWindowOpensAnew();
+    void copiesComeBackToTheirPaths();
     void unknownPageSaysSo();
     void linksOutsideAreNotFollowed();
     void contentsFollowThePage();
@@ -20,6 +21,7 @@ class TestHelpService : public Test {
     void indexFindsATerm();
     void searchFindsInversione();
     void searchTakesAnyText();
+    void closesWhileItSearches();
     void findsInThePage();
     void zoomGoesBackToNormal();
     void staysUsableBesideAModalDialog_data();

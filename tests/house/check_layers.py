@@ -16,11 +16,12 @@ FLOORS = [
     "views/graph",
     "system",
     "export",
+    "report",
     "guidance",
     "shell",
 ]
 # Folders whose every file does without a screen.
-SCREENLESS = {"core", "storage"}
+SCREENLESS = {"core", "storage", "report"}
 WIDGET_HEADERS = re.compile(
     r"<(QtWidgets|QWidget|QApplication|QDialog|QMainWindow|QMdi\w+|QMenu\w*|QAction|QLabel|"
     r"QLineEdit|QPushButton|QToolBar|QMessageBox|QFileDialog)\b"

@@ -8,6 +8,8 @@
 #include "support/ScriptedDialogs.h"
 
 #include <QDialog>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -36,11 +38,33 @@ inline const QString& bioFilter() {
     return text;
 }
 
-/// The frame in a program folder of its own, on a fixed day, with scripted boxes.
+/// What programs remember from one run to the next lies in a folder of the test's own.
+class OwnStateHome {
+  public:
+    /// @param path of a folder that several runs share; else one for this one
+    explicit OwnStateHome(const QString& path = {}) {
+        qputenv(name, QFile::encodeName(path.isEmpty() ? m_folder.path() : path));
+    }
+    ~OwnStateHome() { qputenv(name, m_before); }
+    OwnStateHome(const OwnStateHome&) = delete;
+    OwnStateHome& operator=(const OwnStateHome&) = delete;
+    OwnStateHome(OwnStateHome&&) = delete;
+    OwnStateHome& operator=(OwnStateHome&&) = delete;
+
+  private:
+    static constexpr const char* name = "XDG_STATE_HOME";
+    QByteArray m_before = qgetenv(name);
+    QTemporaryDir m_folder;
+};
+
+/// The frame in a program folder of its own, with no memory of other frames, on a fixed day, with
+/// scripted boxes.
 class FrameFixture {
   public:
-    FrameFixture()
-        : frame(program, folder.path())
+    /// @param state where several runs of the program remember; else it has no memory of others
+    explicit FrameFixture(const QString& state = {})
+        : stateHome(state)
+        , frame(program, folder.path())
         , ended(&frame, &MDIForm1::ended) {
         frame.show();
     }
@@ -130,6 +154,7 @@ class FrameFixture {
         return names;
     }
 
+    OwnStateHome stateHome;
     QTemporaryDir folder;
     FixedClock clock{QDate(2026, 11, 21)};
     ScriptedDialogs dialogs;

@@ -11,6 +11,7 @@ class TestCommandLine : public Test {
     void options_data();
     void options();
     void exportsWithoutAWindow();
+    void reportsWithoutAWindow();
     void textIsJoinedByBlanks();
     void firstAndLastCharacterGo_data();
     void firstAndLastCharacterGo();

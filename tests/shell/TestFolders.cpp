@@ -53,4 +53,17 @@ void TestFolders::existingFoldersAreKept() {
     QVERIFY(file.exists());
 }
 
+void TestFolders::stateLiesInTheStateHome() {
+    const QByteArray before = qgetenv("XDG_STATE_HOME");
+    const QTemporaryDir home;
+    qputenv("XDG_STATE_HOME", home.path().toLocal8Bit());
+    QCOMPARE(stateFolder(), home.filePath(u"quor"_s));
+    QVERIFY(!QDir(stateFolder()).exists());
+    for (const char* useless : {"", "state"}) {
+        qputenv("XDG_STATE_HOME", useless);
+        QCOMPARE(stateFolder(), QDir::homePath() + u"/.local/state/quor"_s);
+    }
+    qputenv("XDG_STATE_HOME", before);
+}
+
 } // namespace quor::test

@@ -12,6 +12,7 @@ class TestFolders : public Test {
     void inTheDataFolderOtherwise();
     void installedForEverybody();
     void existingFoldersAreKept();
+    void stateLiesInTheStateHome();
 };
 
 } // namespace quor::test

@@ -5,9 +5,14 @@
 #include "shell/TestEndRequests.h"
 #include "shell/TestExportCommands.h"
 #include "shell/TestFIns.h"
+#include "shell/TestFileDrop.h"
 #include "shell/TestFolders.h"
+#include "shell/TestFramePlace.h"
 #include "shell/TestGuide.h"
 #include "shell/TestMDIForm1.h"
+#include "shell/TestRecentFiles.h"
+#include "shell/TestRecovery.h"
+#include "shell/TestStateFile.h"
 #include "shell/TestSystemCommands.h"
 #include "support/Hermetic.h"
 
@@ -17,4 +22,6 @@ QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChi
                quor::test::TestCommandLine, quor::test::TestCommandStates,
                quor::test::TestEndRequests, quor::test::TestExportCommands, quor::test::TestFIns,
                quor::test::TestFolders, quor::test::TestGuide, quor::test::TestMDIForm1,
+               quor::test::TestRecovery, quor::test::TestStateFile, quor::test::TestFramePlace,
+               quor::test::TestRecentFiles, quor::test::TestFileDrop,
                quor::test::TestSystemCommands)

@@ -42,6 +42,9 @@ Surroundings::Surroundings() {
     qputenv("TZ", "Europe/Rome");
     qunsetenv("QT_STYLE_OVERRIDE");
     qunsetenv("QT_SCALE_FACTOR");
+    if (qEnvironmentVariableIsSet("QUOR_TEST_SCALE")) {
+        qputenv("QT_SCALE_FACTOR", qgetenv("QUOR_TEST_SCALE"));
+    }
     qInstallMessageHandler(failOnWarning);
     QLocale::setDefault(QLocale(qEnvironmentVariable("QUOR_TEST_LOCALE", QStringLiteral("it_IT"))));
 }

@@ -11,6 +11,7 @@ namespace quor::test {
 /// Lives around the application of a test executable: offscreen, a temporary home with its own
 /// settings and data folders, Italian dates, and every warning of the toolkit ends the run.
 /// QUOR_TEST_LOCALE ("en_US") names another locale for the dates; LC_ALL stays as it is.
+/// QUOR_TEST_SCALE ("1.5") is how many pixels of the screen a pixel of a window has, else one.
 class Surroundings {
   public:
     Surroundings();

@@ -48,6 +48,14 @@ void ScriptedDialogs::expectQuestion(const QString& title, const QString& text, 
         {.box = describeMessage(true, title, text), .answer = answer, .text = {}, .colour = {}});
 }
 
+void ScriptedDialogs::expectChoice(const QString& title, const QString& text,
+                                   const QStringList& buttons, const QString& button) {
+    m_steps.push_back({.box = describe(u"choice"_s, QStringList{title, text} + buttons),
+                       .answer = Answer::ok,
+                       .text = button,
+                       .colour = {}});
+}
+
 void ScriptedDialogs::expectInput(const QString& title, const QString& prompt,
                                   const QString& answer) {
     m_steps.push_back({.box = describe(u"input"_s, {title, prompt}),
@@ -104,6 +112,13 @@ ScriptedDialogs::Step ScriptedDialogs::take(const QString& box) {
 
 Answer ScriptedDialogs::message(QWidget* /*parent*/, const MessageBox& box) {
     return take(describeMessage(box.kind == BoxKind::question, box.title, box.text)).answer;
+}
+
+qsizetype ScriptedDialogs::choice(QWidget* /*parent*/, const ChoiceBox& box) {
+    const QString button =
+        take(describe(u"choice"_s, QStringList{box.title, box.text} + box.buttons)).text;
+    const qsizetype position = box.buttons.indexOf(button);
+    return position < 0 ? box.buttons.size() - 1 : position; // no such button: it was closed
 }
 
 QString ScriptedDialogs::input(QWidget* /*parent*/, const QString& prompt, const QString& title) {

@@ -24,6 +24,9 @@ class ScriptedDialogs : public DialogHost {
     /// A box with an OK button.
     void expectBox(const QString& title, const QString& text);
     void expectQuestion(const QString& title, const QString& text, Answer answer);
+    /// @param button the one that is pressed
+    void expectChoice(const QString& title, const QString& text, const QStringList& buttons,
+                      const QString& button);
     void expectInput(const QString& title, const QString& prompt, const QString& answer);
     /// @param path empty for a cancelled dialog
     void expectFile(FileMode mode, const QString& title, const QString& filter,
@@ -38,6 +41,7 @@ class ScriptedDialogs : public DialogHost {
     [[nodiscard]] bool finished();
 
     Answer message(QWidget* parent, const MessageBox& box) override;
+    qsizetype choice(QWidget* parent, const ChoiceBox& box) override;
     QString input(QWidget* parent, const QString& prompt, const QString& title) override;
     QString file(QWidget* parent, const FileRequest& request) override;
     std::optional<QColor> colour(QWidget* parent, const QColor& initial,

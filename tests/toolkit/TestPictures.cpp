@@ -7,6 +7,7 @@
 #include "support/Hermetic.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
 
 using namespace Qt::StringLiterals;
@@ -78,6 +79,20 @@ void TestPictures::disabledPicturesAreFaded() {
     const QImage disabled = rendered(u"ImmStampa"_s, QIcon::Disabled);
     QVERIFY(greatestOpacity(disabled) > 40);
     QVERIFY(greatestOpacity(disabled) < 120);
+}
+
+/// A window squeezed to nothing paints its title bar and its tabs all the same.
+void TestPictures::picturesOfNoSizeAreEmpty() {
+    for (const QSize size : {QSize(0, 24), QSize(24, 0), QSize(0, 0), QSize(-3, -3)}) {
+        QVERIFY(emblem().pixmap(size, 1.0).isNull());
+        QImage sheet(10, 10, QImage::Format_ARGB32);
+        sheet.fill(Qt::white);
+        const QImage before = sheet;
+        QPainter painter(&sheet);
+        emblem().paint(&painter, QRect(QPoint(2, 2), size));
+        painter.end();
+        QCOMPARE(sheet, before);
+    }
 }
 
 void TestPictures::theSheetIsWhiteAndSharp() {

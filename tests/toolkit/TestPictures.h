@@ -12,6 +12,7 @@ class TestPictures : public Test {
     void unknownKeysHaveNone();
     void picturesFollowThePalette();
     void disabledPicturesAreFaded();
+    void picturesOfNoSizeAreEmpty();
     void theSheetIsWhiteAndSharp();
 };
 

@@ -42,6 +42,79 @@ void TestSettingsStore::storedTextIsKeptAsItStands() {
     QCOMPARE(readFastStart(), u"forse, no"_s);
 }
 
+void TestSettingsStore::whatAHandHasWrittenStays() {
+    const auto changed = [](const QByteArray& before) {
+        QFile file(settingsFile());
+        if (!file.open(QIODevice::WriteOnly) || file.write(before) != before.size()) {
+            return QByteArray("cannot be prepared");
+        }
+        file.close();
+        const bool saved = saveSetting(u"Options"_s, u"FastStart"_s, u"FALSE"_s);
+        return saved && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not saved");
+    };
+    QCOMPARE(
+        changed("; mine\n[Other]\nFastStart=x\n\n[Options]\nA=1\nFastStart = TRUE\nB=2\n[Z]\n"),
+        "; mine\n[Other]\nFastStart=x\n\n[Options]\nA=1\nFastStart=FALSE\nB=2\n[Z]\n");
+    QCOMPARE(changed("[Options]\r\nA=1\r\n[Z]\r\nFastStart=x"),
+             "[Options]\r\nFastStart=FALSE\nA=1\r\n[Z]\r\nFastStart=x\n");
+    QCOMPARE(changed("[Other]\nA=1"), "[Other]\nA=1\n[Options]\nFastStart=FALSE\n");
+    QCOMPARE(changed("\n"), "\n[Options]\nFastStart=FALSE\n");
+    QCOMPARE(changed(""), "[Options]\nFastStart=FALSE\n");
+    QCOMPARE(changed("; " + QByteArray(70'000, 'x')), "not saved"); // nothing that is ours
+    QVERIFY(QFile::remove(settingsFile()));
+}
+
+void TestSettingsStore::anyTextComesBack_data() {
+    QTest::addColumn<QString>("text");
+    for (const QString& text :
+         {u"una, due"_s, u"\"virgolette\""_s, u"C:\\cartella\\nuova"_s, u" spazi "_s, u"a=b;c#d"_s,
+          u"[Options]"_s, u"riga\nFastStart=x"_s, u"èa1"_s, u"\u20ACf9\u202E😀"_s, u"@Invalid()"_s,
+          u"%20%"_s, u"\x01\x1b"_s, u"0123"_s}) {
+        QTest::addRow("%s", qPrintable(text)) << text;
+    }
+}
+
+void TestSettingsStore::anyTextComesBack() {
+    QFETCH(QString, text);
+    QVERIFY(QFile::remove(settingsFile()) || !QFile::exists(settingsFile()));
+    QVERIFY(saveSetting(u"Options"_s, u"FastStart"_s, text));
+    QCOMPARE(getSetting(u"Options"_s, u"FastStart"_s), text);
+    QVERIFY(saveSetting(u"Options"_s, u"FastStart"_s, u"TRUE"_s));
+    QFile file(settingsFile());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("[Options]\nFastStart=TRUE\n"));
+}
+
+void TestSettingsStore::aDamagedStoreCanBeWritten_data() {
+    QTest::addColumn<QByteArray>("stored");
+    QTest::newRow("no line of the notation") << QByteArray("\x02");
+    QTest::newRow("in a section") << QByteArray("[Options]\nFastStart\n=\nAltro=x\n");
+    QTest::newRow("the section twice")
+        << QByteArray("[Options]\nF=1\n[Options]\nFastStart=TRUE\nFastStart=TRUE\n");
+    QTest::newRow("an open section") << QByteArray("[Options\n");
+}
+
+void TestSettingsStore::aDamagedStoreCanBeWritten() {
+    QFETCH(QByteArray, stored);
+    QFile file(settingsFile());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(stored);
+    file.close();
+    QCOMPARE(readFastStart(), u"TRUE"_s);
+    QVERIFY(saveSetting(u"Options"_s, u"FastStart"_s, u"FALSE"_s));
+    QCOMPARE(readFastStart(), u"FALSE"_s);
+    QCOMPARE(getSetting(u"Options"_s, u"Altro"_s),
+             stored.contains("Altro") ? u"x"_s : QString()); // another setting stays
+    QVERIFY(file.remove());
+}
+
+void TestSettingsStore::whatIsNoFile() {
+    QVERIFY(QFile::remove(settingsFile()));
+    QVERIFY(QDir().mkpath(settingsFile()));
+    QVERIFY(!saveSetting(u"Options"_s, u"FastStart"_s, u"TRUE"_s));
+    QVERIFY(QDir().rmdir(settingsFile()));
+}
+
 void TestSettingsStore::theFileIsNamedAfterTheProgram() {
     QVERIFY(saveSetting(u"Options"_s, u"FastStart"_s, u"FALSE"_s));
     QFile file(settingsFile());

@@ -10,6 +10,12 @@ class TestSettingsStore : public Test {
   private slots:
     void missingMeansTrue();
     void storedTextIsKeptAsItStands();
+    void whatAHandHasWrittenStays();
+    void anyTextComesBack_data();
+    void anyTextComesBack();
+    void whatIsNoFile();
+    void aDamagedStoreCanBeWritten_data();
+    void aDamagedStoreCanBeWritten();
     void theFileIsNamedAfterTheProgram();
 };
 

@@ -1,6 +1,7 @@
 #include "support/Hermetic.h"
 #include "toolkit/TestBusyCursor.h"
 #include "toolkit/TestCommands.h"
+#include "toolkit/TestDialogs.h"
 #include "toolkit/TestDrawing.h"
 #include "toolkit/TestLongCurves.h"
 #include "toolkit/TestPictures.h"
@@ -10,5 +11,5 @@
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands,
-               quor::test::TestDrawing, quor::test::TestLongCurves, quor::test::TestPictures,
-               quor::test::TestSettingsStore, quor::test::TestToolTipText)
+               quor::test::TestDialogs, quor::test::TestDrawing, quor::test::TestLongCurves,
+               quor::test::TestPictures, quor::test::TestSettingsStore, quor::test::TestToolTipText)

@@ -89,7 +89,9 @@ void PagePrinter::write(const QByteArray& pdf) {
         return;
     }
     QSaveFile file(m_arguments.pdf);
-    if (file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size() && file.commit()) {
+    // Flushed by name: a commit that does it on the way does not notice that the disk is full.
+    if (file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size() && file.flush() &&
+        file.commit()) {
         emit finished(done, {});
     } else {
         emit finished(writeFailed, u"il file non si può scrivere: %1: %2"_s.arg(

@@ -52,4 +52,14 @@ QString compatibilityText(const Compatibility& compatibility, StateItem panel,
     return line(u"Compatibilità"_s, compatibility.overall);
 }
 
+QString describeComparison(const Compatibility& compatibility, StateItem panel,
+                           const std::array<QString, 2>& names, const QLocale& locale) {
+    return compatibilityText(compatibility, panel, locale) + u", tra "_s + names.at(0) + u" e "_s +
+           names.at(1);
+}
+
+QString describeNoComparison() {
+    return u"Nessun confronto: scegliere due bioritmi"_s;
+}
+
 } // namespace quor

@@ -43,4 +43,13 @@ inline constexpr std::array compatibilityPanels{StateItem::mean, StateItem::phys
 [[nodiscard]] QString compatibilityText(const Compatibility& compatibility, StateItem panel,
                                         const QLocale& locale = QLocale());
 
+/// A panel in words, for those who cannot see it: its line, and whom it compares.
+/// "Compatibilità fisica: 21,74%, tra Anna e Bruno".
+[[nodiscard]] QString describeComparison(const Compatibility& compatibility, StateItem panel,
+                                         const std::array<QString, 2>& names,
+                                         const QLocale& locale = QLocale());
+
+/// The same while nobody is compared yet.
+[[nodiscard]] QString describeNoComparison();
+
 } // namespace quor

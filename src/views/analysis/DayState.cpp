@@ -3,10 +3,22 @@
 #include "core/Cycles.h"
 #include "core/Rounding.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace quor {
+
+namespace {
+
+QString direction(Trend trend) {
+    return trend == Trend::rising ? u"in salita"_s : u"in discesa"_s;
+}
+
+} // namespace
 
 double DayState::value(StateItem item) const {
     return today.at(static_cast<std::size_t>(item));
@@ -54,6 +66,36 @@ DayState systemDayState(std::span<const std::int32_t> dayCounts) {
 
 int shownValue(double value) {
     return static_cast<int>(roundHalfEven(value));
+}
+
+QString itemCaption(StateItem item) {
+    switch (item) {
+    case StateItem::physical:
+        return u"Fisico"_s;
+    case StateItem::emotional:
+        return u"Emotivo"_s;
+    case StateItem::intellectual:
+        return u"Intellettivo"_s;
+    case StateItem::mean:
+        break;
+    }
+    return u"Media"_s;
+}
+
+QString trendText(StateItem item, Trend trend) {
+    const QString subject =
+        item == StateItem::mean ? itemCaption(item) : u"Stato "_s + itemCaption(item).toLower();
+    return subject + u' ' + direction(trend);
+}
+
+QString describeState(const DayState& state) {
+    QStringList items;
+    for (const StateItem item : stateItems) {
+        items << u"%1 %2, %3"_s.arg(itemCaption(item))
+                     .arg(shownValue(state.value(item)))
+                     .arg(direction(state.trend(item)));
+    }
+    return items.join(u"; "_s);
 }
 
 } // namespace quor

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -47,5 +49,14 @@ struct DayState {
 /// A value as it is shown: rounded, ties to even.
 /// @param value in [-10, 10]
 [[nodiscard]] int shownValue(double value);
+
+/// The caption of a value: "Fisico", "Emotivo", "Intellettivo", "Media".
+[[nodiscard]] QString itemCaption(StateItem item);
+
+/// A trend in words: "Stato fisico in salita", "Media in discesa".
+[[nodiscard]] QString trendText(StateItem item, Trend trend);
+
+/// A state in words, for those who cannot see it: "Fisico -7, in discesa; Emotivo 2, in salita...".
+[[nodiscard]] QString describeState(const DayState& state);
 
 } // namespace quor

@@ -10,6 +10,7 @@
 #include <QListView>
 #include <QProxyStyle>
 #include <QStringListModel>
+#include <QStyleOption>
 
 #include <algorithm>
 
@@ -31,6 +32,26 @@ class DropDownListStyle : public QProxyStyle {
                   QStyleHintReturn* returned) const override {
         return hint == SH_ComboBox_Popup ? 0
                                          : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+    /// What an empty list says is paler than a name, yet not as pale as the toolkit would have it,
+    /// which is hard to read. A palette of the list's own would say the same, but the toolkit
+    /// keeps pictures of such a list under the palette's number, for each window anew.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        const auto* list = qobject_cast<const QComboBox*>(widget);
+        if (element != CE_ComboBoxLabel || box == nullptr || list == nullptr ||
+            list->currentIndex() >= 0) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        constexpr float opacity = 0.75F;
+        QColor invitation = list->palette().color(QPalette::ButtonText);
+        invitation.setAlphaF(opacity);
+        QStyleOptionComboBox paler = *box;
+        paler.palette.setColor(QPalette::ButtonText, invitation);
+        QProxyStyle::drawControl(element, &paler, painter, widget);
     }
 };
 
@@ -57,6 +78,7 @@ FComp::FComp(const Program& program, QWidget* parent)
     connect(m_ui->Command1, &QPushButton::clicked, this, &FComp::closeWindow);
     connect(m_ui->Command2, &QPushButton::clicked, this,
             [this] { ShowHelp(this, helpPath(u"3compat.html"_s)); });
+    describePanels();
     drawPanels();
     m_ui->Combo1->setFocus();
 }
@@ -64,7 +86,7 @@ FComp::FComp(const Program& program, QWidget* parent)
 FComp::~FComp() = default;
 
 QSize FComp::sizeHint() const {
-    return QWidget::sizeHint().expandedTo({760, 560});
+    return QWidget::sizeHint().expandedTo(forFont({760, 560}));
 }
 
 void FComp::changeEvent(QEvent* event) {
@@ -105,6 +127,7 @@ void FComp::choose(Choice& choice) {
     if (member < 0) {
         return;
     }
+    choice.name = choice.list->currentText();
     choice.birthDate = m_birthDates.at(static_cast<std::size_t>(member));
     choice.dayCount = dayCount(choice.birthDate, m_calculationDate);
     if (areCompared(m_choices.at(0).dayCount, m_choices.at(1).dayCount)) {
@@ -119,7 +142,9 @@ void FComp::compare() {
         showOverflow(this);
         return;
     }
-    m_shown = {.compatibility = *result, .dayCounts = {first.dayCount, second.dayCount}};
+    m_shown = {.compatibility = *result,
+               .names = {first.name, second.name},
+               .dayCounts = {first.dayCount, second.dayCount}};
     describePanels();
     drawPanels();
 }
@@ -128,7 +153,9 @@ void FComp::compare() {
 void FComp::describePanels() {
     for (std::size_t panel = 0; panel < m_panels.size(); ++panel) {
         m_panels.at(panel)->setAccessibleDescription(
-            compatibilityText(m_shown->compatibility, compatibilityPanels.at(panel)));
+            m_shown ? describeComparison(m_shown->compatibility, compatibilityPanels.at(panel),
+                                         m_shown->names)
+                    : describeNoComparison());
     }
 }
 

@@ -41,6 +41,7 @@ class FComp : public ChildWindow {
     /// One of the two lists and who is chosen in it.
     struct Choice {
         QComboBox* list = nullptr;
+        QString name;
         DateValue birthDate = 0;
         std::int32_t dayCount = 0; ///< on the calculation date; 0 until a person is chosen
     };
@@ -48,6 +49,7 @@ class FComp : public ChildWindow {
     /// What the panels show.
     struct Shown {
         Compatibility compatibility;
+        std::array<QString, 2> names;
         std::array<std::int32_t, 2> dayCounts{};
     };
 

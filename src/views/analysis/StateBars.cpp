@@ -1,6 +1,7 @@
 #include "views/analysis/StateBars.h"
 
 #include "core/Rounding.h"
+#include "toolkit/AccessiblePicture.h"
 #include "toolkit/DrawingPainter.h"
 #include "views/analysis/TrendArrow.h"
 
@@ -15,34 +16,6 @@ using namespace Qt::StringLiterals;
 namespace quor {
 
 namespace {
-
-QString caption(StateItem item) {
-    switch (item) {
-    case StateItem::physical:
-        return u"Fisico"_s;
-    case StateItem::emotional:
-        return u"Emotivo"_s;
-    case StateItem::intellectual:
-        return u"Intellettivo"_s;
-    case StateItem::mean:
-        break;
-    }
-    return u"Media"_s;
-}
-
-QString subject(StateItem item) {
-    switch (item) {
-    case StateItem::physical:
-        return u"Stato fisico"_s;
-    case StateItem::emotional:
-        return u"Stato emotivo"_s;
-    case StateItem::intellectual:
-        return u"Stato intellettivo"_s;
-    case StateItem::mean:
-        break;
-    }
-    return u"Media"_s;
-}
 
 QColor between(const QColor& one, const QColor& other) {
     return QColor::fromRgb((one.red() + other.red()) / 2, (one.green() + other.green()) / 2,
@@ -64,6 +37,8 @@ void paintBar(QPainter& painter, const QRect& bar, const QColor& fill, const QCo
 
 StateBars::StateBars(QWidget* parent)
     : QWidget(parent) {
+    introduceAsPicture(*this, PictureKind::chart);
+    setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     int number = 0;
     for (TrendArrow*& arrow : m_arrows) {
@@ -76,12 +51,10 @@ void StateBars::setState(const DayState& state,
                          const std::array<Colour, stateItems.size()>& colours) {
     m_state = state;
     m_colours = colours;
-    QStringList values;
     for (const StateItem item : stateItems) {
-        m_arrows.at(static_cast<std::size_t>(item))->setTrend(state.trend(item), subject(item));
-        values << u"%1 %2"_s.arg(caption(item)).arg(shownValue(state.value(item)));
+        m_arrows.at(static_cast<std::size_t>(item))->setTrend(item, state.trend(item));
     }
-    setAccessibleDescription(values.join(u", "_s));
+    setAccessibleDescription(describeState(state));
     update();
 }
 
@@ -99,7 +72,7 @@ QSize StateBars::hint(int lines) const {
     const StatePictureSizes own = sizes(1.0);
     int column = own.arrowSize * 3 / 2 + 2 * (own.arrowSize + 2 * own.gap);
     for (const StateItem item : stateItems) {
-        column = std::max(column, metrics.horizontalAdvance(caption(item)) + 2 * own.gap);
+        column = std::max(column, metrics.horizontalAdvance(itemCaption(item)) + 2 * own.gap);
     }
     const int columns = static_cast<int>(stateItems.size()) * column;
     const int rest = 2 * own.textHeight + 2 * own.gap + 1; // half numbers and captions
@@ -121,6 +94,9 @@ void StateBars::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     paintPlot(painter);
     paintTexts(painter);
+    if (hasFocus()) {
+        paintFocusFrame(painter, *this);
+    }
 }
 
 /// Lines and bars, in pixels of the screen, so that they begin and end on whole ones at any scale.
@@ -173,7 +149,7 @@ void StateBars::paintTexts(QPainter& painter) const {
     number(-10, plot.bottomLine);
     for (const StateItem item : stateItems) {
         painter.drawText(plot.caption(static_cast<std::size_t>(item)),
-                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip, caption(item));
+                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextDontClip, itemCaption(item));
     }
 }
 

@@ -13,7 +13,8 @@ namespace quor {
 class TrendArrow;
 
 /// The picture of a day state: four bars above and below a zero line, between the lines of 10 and
-/// -10, each with its trend arrow and its caption.
+/// -10, each with its trend arrow and its caption. The tab key reaches it, for those who have it
+/// read out.
 class StateBars : public QWidget {
     Q_OBJECT
 

@@ -1,5 +1,6 @@
 #include "views/analysis/TrendArrow.h"
 
+#include "toolkit/AccessiblePicture.h"
 #include "toolkit/ImageList.h"
 
 #include <QPainter>
@@ -9,13 +10,14 @@ using namespace Qt::StringLiterals;
 namespace quor {
 
 TrendArrow::TrendArrow(QWidget* parent)
-    : QWidget(parent) {}
+    : QWidget(parent) {
+    introduceAsPicture(*this, PictureKind::graphic);
+}
 
-void TrendArrow::setTrend(Trend trend, const QString& subject) {
-    const bool rising = trend == Trend::rising;
+void TrendArrow::setTrend(StateItem item, Trend trend) {
     m_trend = trend;
-    m_picture = picture(rising ? u"ImmFrecciaSu"_s : u"ImmFrecciaGiu"_s);
-    const QString text = subject + (rising ? u" in salita"_s : u" in discesa"_s);
+    m_picture = picture(trend == Trend::rising ? u"ImmFrecciaSu"_s : u"ImmFrecciaGiu"_s);
+    const QString text = trendText(item, trend);
     setAccessibleName(text);
     setToolTip(text);
     update();

@@ -14,8 +14,8 @@ class TrendArrow : public QWidget {
   public:
     explicit TrendArrow(QWidget* parent = nullptr);
 
-    /// @param subject whose arrow it is ("Stato fisico"); for those who do not see it
-    void setTrend(Trend trend, const QString& subject);
+    /// @param item whose arrow it is; for those who do not see it
+    void setTrend(StateItem item, Trend trend);
     [[nodiscard]] Trend trend() const { return m_trend; }
 
   protected:

@@ -4,12 +4,12 @@
 #include "toolkit/PictureBox.h"
 #include "toolkit/ShowHelp.h"
 #include "views/graph/FGrSetOpt.h"
+#include "views/graph/PictureFonts.h"
 #include "views/graph/WeekDrawing.h"
 
 #include "ui_FGrphSet.h"
 
 #include <QEvent>
-#include <QFontInfo>
 
 #include <algorithm>
 
@@ -18,22 +18,6 @@ using namespace Qt::StringLiterals;
 namespace quor {
 
 namespace {
-
-/// Points. Below this a text is no longer worth reading.
-constexpr double smallestFont = 6;
-constexpr double fontStep = 0.5;
-
-/// A font and smaller ones of it, down to the smallest.
-std::vector<QFont> sizesOf(const QFont& font) {
-    std::vector<QFont> fonts{font};
-    double size = QFontInfo(font).pointSizeF();
-    while (size - fontStep >= smallestFont) {
-        size -= fontStep;
-        fonts.push_back(font);
-        fonts.back().setPointSizeF(size);
-    }
-    return fonts;
-}
 
 void giveOneWidth(std::initializer_list<QWidget*> widgets) {
     int widest = 0;
@@ -71,7 +55,7 @@ FGrphSet::FGrphSet(Program& program, QWidget* parent)
 FGrphSet::~FGrphSet() = default;
 
 QSize FGrphSet::sizeHint() const {
-    return QWidget::sizeHint().expandedTo({980, 560});
+    return QWidget::sizeHint().expandedTo(forFont({980, 560}));
 }
 
 void FGrphSet::SetOptions() {

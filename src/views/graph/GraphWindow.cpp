@@ -1,10 +1,11 @@
 #include "views/graph/GraphWindow.h"
 
-#include "core/Rounding.h"
 #include "toolkit/BusyCursor.h"
 #include "toolkit/DrawingPainter.h"
 #include "views/graph/FGrOpt.h"
 #include "views/graph/GraphDrawing.h"
+#include "views/graph/GraphText.h"
+#include "views/graph/PictureFonts.h"
 
 #include "ui_GraphWindow.h"
 
@@ -17,10 +18,6 @@ namespace quor {
 namespace {
 
 constexpr QSize startingSize{760, 520};
-
-QString tenScaleText(double value) {
-    return QString::number(toTenScale(value));
-}
 
 } // namespace
 
@@ -49,6 +46,10 @@ GraphWindow::GraphWindow(Program& program, Frame& frame, std::unique_ptr<GraphSo
     connect(m_ui->Command1, &QPushButton::clicked, this, &GraphWindow::redraw);
     connect(m_ui->Picture1, &PictureBox::resized, this, &GraphWindow::layOutPlot);
     connect(m_ui->Picture1, &PictureBox::pressed, this, &GraphWindow::pressed);
+    connect(m_ui->Picture1, &PictureBox::menuRequested, this, &GraphWindow::openMenuByKeyboard);
+    // Tiling gives a window less than it needs. A text narrower than its own scroll bar would show
+    // and hide the bar by turns, for ever.
+    m_ui->Text4->setMinimumWidth(m_ui->Text4->minimumSizeHint().width());
     m_ui->Check1->setFocus();
     layOutWindow();
 }
@@ -56,7 +57,7 @@ GraphWindow::GraphWindow(Program& program, Frame& frame, std::unique_ptr<GraphSo
 GraphWindow::~GraphWindow() = default;
 
 QSize GraphWindow::sizeHint() const {
-    return QWidget::sizeHint().expandedTo(startingSize);
+    return QWidget::sizeHint().expandedTo(forFont(startingSize));
 }
 
 void GraphWindow::SetOptions() {
@@ -81,6 +82,8 @@ void GraphWindow::changeEvent(QEvent* event) {
     ChildWindow::changeEvent(event);
     if (event->type() == QEvent::FontChange) {
         layOutPlot(); // the numbers at the bottom stand where the height of the text puts them
+    } else if (event->type() == QEvent::WindowTitleChange) {
+        describePicture(); // the title says whose graph it is
     }
 }
 
@@ -101,13 +104,14 @@ void GraphWindow::compute() {
 /// The dates below the picture; the form's layout places everything.
 void GraphWindow::layOutWindow() {
     m_daysAround = daysAround(m_options.graphDaysAdjust);
-    m_ui->Text1->setText(longDate(m_calculationDate));
-    m_ui->Text2->setText(longDate(m_calculationDate - m_daysAround));
-    m_ui->Text3->setText(longDate(m_calculationDate + m_daysAround));
+    m_ui->Text1->setValue(longDate(m_calculationDate));
+    m_ui->Text2->setValue(longDate(m_calculationDate - m_daysAround));
+    m_ui->Text3->setValue(longDate(m_calculationDate + m_daysAround));
 }
 
 void GraphWindow::layOutPlot() {
     m_plot = layOutGraph(m_ui->Picture1->size(), m_daysAround);
+    m_ui->Picture1->setFont(fontOfNumbers(font(), m_plot));
     redraw();
 }
 
@@ -118,6 +122,8 @@ void GraphWindow::redraw() {
                            .calculationDate = m_calculationDate,
                            .textHeight = m_ui->Picture1->textHeight()};
     m_ui->Picture1->setDrawing(drawGraph(m_series, m_plot, style));
+    m_drawnFlags = m_showFlags;
+    describePicture();
     m_ui->Text4->setPlainText(generalHelp());
 }
 
@@ -176,20 +182,36 @@ void GraphWindow::chooseElement(GraphElement element, bool shown) {
                               "occorre premere il tasto Aggiorna."_s);
 }
 
+void GraphWindow::describePicture() {
+    m_ui->Picture1->setAccessibleDescription(
+        describeGraph({.title = windowTitle(),
+                       .calculationDate = m_calculationDate,
+                       .values = m_source->valuesOn(m_daysAround, m_daysAround),
+                       .daysAround = m_daysAround,
+                       .drawn = m_drawnFlags}));
+}
+
 void GraphWindow::pressed(Qt::MouseButton button, QPoint position) {
     if (button != Qt::RightButton) {
         return;
     }
-    const auto day = m_plot.dayAt(position.x());
-    if (!day) {
-        return;
+    if (const auto day = m_plot.dayAt(position.x())) {
+        showPopup(*day, position);
     }
-    const DayValues values = m_source->valuesOn(*day, m_plot.daysAround);
-    m_frame.showDayPopup({.day = u"Giorno "_s + shortDate(m_calculationDate - m_daysAround + *day),
-                          .physical = u"Fisico: "_s + tenScaleText(values.physical),
-                          .emotional = u"Emotivo: "_s + tenScaleText(values.emotional),
-                          .intellectual = u"Intellettivo: "_s + tenScaleText(values.intellectual),
-                          .mean = u"Media: "_s + tenScaleText(values.mean)},
+}
+
+/// Without a mouse no day is pointed at; it is the calculation date then.
+void GraphWindow::openMenuByKeyboard() {
+    showPopup(m_daysAround, popupPlace(m_plot, m_ui->Picture1->visibleRegion().boundingRect()));
+}
+
+void GraphWindow::showPopup(std::int32_t day, QPoint position) {
+    const DayTexts texts = dayTexts(m_source->valuesOn(day, m_plot.daysAround));
+    m_frame.showDayPopup({.day = u"Giorno "_s + shortDate(m_calculationDate - m_daysAround + day),
+                          .physical = texts.physical,
+                          .emotional = texts.emotional,
+                          .intellectual = texts.intellectual,
+                          .mean = texts.mean},
                          m_ui->Picture1->mapToGlobal(position));
 }
 

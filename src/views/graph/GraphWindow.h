@@ -62,7 +62,12 @@ class GraphWindow : public ChildWindow {
     [[nodiscard]] QString generalHelp() const;
     [[nodiscard]] QString elementHelp(GraphElement element) const;
     void chooseElement(GraphElement element, bool shown);
+    /// Says in words what the picture shows, for those who cannot see it.
+    void describePicture();
     void pressed(Qt::MouseButton button, QPoint position);
+    void openMenuByKeyboard();
+    /// The popup with the values of a day of the span.
+    void showPopup(std::int32_t day, QPoint position);
 
     Program& m_program;
     Frame& m_frame;
@@ -73,6 +78,7 @@ class GraphWindow : public ChildWindow {
 
     GraphOptions m_options; ///< this window's copy
     ShowFlags m_showFlags{};
+    ShowFlags m_drawnFlags{}; ///< those of the last drawing
     DateValue m_calculationDate = 0;
     std::int32_t m_daysAround = 1;
     GraphSeries m_series; ///< of the current span

@@ -2,7 +2,7 @@
 
 #include "export/PrintDocument.h"
 #include "export/PrintQueueJob.h"
-#include "toolkit/SystemPrintDialog.h"
+#include "export/SystemPrintDialog.h"
 
 #include "export/PrintingFixture.h"
 #include "support/ScriptedDialogs.h"

@@ -413,4 +413,16 @@ void TestCompatibility::referencePanelsAgree() {
     QCOMPARE(panels, 4);
 }
 
+void TestCompatibility::aPanelInWords() {
+    const Compatibility result{
+        .physical = 21.739, .emotional = 0, .intellectual = 15.15, .overall = 12.296F};
+    const QLocale italian(QLocale::Italian, QLocale::Italy);
+    const std::array names{u"Anna & Lia"_s, u"Bruno"_s};
+    QCOMPARE(describeComparison(result, StateItem::mean, names, italian),
+             u"Compatibilità: 12,30%, tra Anna & Lia e Bruno"_s);
+    QCOMPARE(describeComparison(result, StateItem::physical, names, italian),
+             u"Compatibilità fisica: 21,74%, tra Anna & Lia e Bruno"_s);
+    QCOMPARE(describeNoComparison(), u"Nessun confronto: scegliere due bioritmi"_s);
+}
+
 } // namespace quor::test

@@ -28,6 +28,7 @@ class TestCompatibility : public Test {
     void eachPersonHasOwnPhases();
     void referencePairsAgree();
     void referencePanelsAgree();
+    void aPanelInWords();
 };
 
 } // namespace quor::test

@@ -9,6 +9,8 @@
 #include <cmath>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace quor::test {
 
 namespace {
@@ -175,6 +177,16 @@ void TestDayState::orderOfMembersIsRounding() {
 
 void TestDayState::systemWithoutMembersIsZero() {
     QCOMPARE(systemDayState({}), DayState{});
+}
+
+void TestDayState::inWords() {
+    QCOMPARE(trendText(StateItem::physical, Trend::rising), u"Stato fisico in salita"_s);
+    QCOMPARE(trendText(StateItem::intellectual, Trend::falling),
+             u"Stato intellettivo in discesa"_s);
+    QCOMPARE(trendText(StateItem::mean, Trend::falling), u"Media in discesa"_s);
+    const DayState state{.today = {-7.3, 2.5, 3.5, 10}, .yesterday = {-7.2, 2.5, 3, 11}};
+    QCOMPARE(describeState(state), u"Fisico -7, in discesa; Emotivo 2, in salita; Intellettivo 4, "
+                                   "in salita; Media 10, in discesa"_s);
 }
 
 } // namespace quor::test

@@ -21,6 +21,7 @@ class TestDayState : public Test {
     void halfAnEmotionalPeriodApartIsNoEmotion();
     void orderOfMembersIsRounding();
     void systemWithoutMembersIsZero();
+    void inWords();
 };
 
 } // namespace quor::test

@@ -163,7 +163,8 @@ void TestFComp::oneChosenDrawsNothing() {
         // Taken back, as no user can, the list counts as it did before.
         fixture.choose(3 - number, -1);
         QVERIFY(fixture.isEmpty());
-        QVERIFY(fixture.panel(0)->accessibleDescription().isEmpty());
+        QCOMPARE(fixture.panel(0)->accessibleDescription(),
+                 u"Nessun confronto: scegliere due bioritmi"_s);
     }
 }
 
@@ -425,14 +426,17 @@ void TestFComp::screenReaders() {
                             u"Compatibilità emotiva"_s, u"Compatibilità intellettiva"_s};
     for (int i = 0; i < 4; ++i) {
         QCOMPARE(fixture.panel(i)->accessibleName(), names.at(i));
-        QVERIFY(fixture.panel(i)->accessibleDescription().isEmpty());
+        QCOMPARE(fixture.panel(i)->accessibleDescription(),
+                 u"Nessun confronto: scegliere due bioritmi"_s);
     }
     fixture.choose(1, 0);
     fixture.choose(2, 1);
     for (int i = 0; i < 4; ++i) {
         const QAccessibleInterface* panel = QAccessible::queryAccessibleInterface(fixture.panel(i));
         QCOMPARE(panel->text(QAccessible::Name), names.at(i));
-        QCOMPARE(panel->text(QAccessible::Description), fixture.texts().at(i));
+        QCOMPARE(panel->text(QAccessible::Description),
+                 fixture.texts().at(i) + u", tra Maria e Anna & Lia"_s);
+        QCOMPARE(panel->role(), QAccessible::Chart);
     }
     for (const auto* label : fixture.window->findChildren<QLabel*>()) {
         QVERIFY(label->buddy());
@@ -452,7 +456,8 @@ void TestFComp::tabOrder() {
         }
         next = next->nextInFocusChain();
     } while (next != first);
-    QCOMPARE(order, (QStringList{u"Combo1"_s, u"Combo2"_s, u"Command1"_s, u"Command2"_s}));
+    QCOMPARE(order, (QStringList{u"Combo1"_s, u"Combo2"_s, u"Picture1_0"_s, u"Picture1_1"_s,
+                                 u"Picture1_2"_s, u"Picture1_3"_s, u"Command1"_s, u"Command2"_s}));
 }
 
 void TestFComp::accessKeys() {

@@ -21,7 +21,8 @@ void TestFStat::knownPerson() {
              (QStringList{u"Stato fisico in salita"_s, u"Stato emotivo in salita"_s,
                           u"Stato intellettivo in salita"_s, u"Media in salita"_s}));
     QCOMPARE(window.findChild<StateBars*>()->accessibleDescription(),
-             u"Fisico -7, Emotivo -8, Intellettivo -4, Media -6"_s);
+             u"Fisico -7, in salita; Emotivo -8, in salita; Intellettivo -4, in salita; "
+             "Media -6, in salita"_s);
 }
 
 void TestFStat::zeroCrossing() {
@@ -84,7 +85,7 @@ void TestFStat::helpOpensItsTopic() {
 
 void TestFStat::tabOrder() {
     QCOMPARE(test::tabOrder(FStat(personAt(1)), u"Text2"_s),
-             (QStringList{u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s, u"Command1"_s,
+             (QStringList{u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s, u"Bars"_s, u"Command1"_s,
                           u"Command2"_s}));
 }
 

@@ -135,7 +135,7 @@ void TestFStatMed::helpOpensItsTopic() {
 
 void TestFStatMed::tabOrder() {
     QCOMPARE(test::tabOrder(FStatMed(systemAt({1})), u"Text2"_s),
-             (QStringList{u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s, u"Command1"_s,
+             (QStringList{u"Text2"_s, u"Text3"_s, u"Text4"_s, u"Text5"_s, u"Bars"_s, u"Command1"_s,
                           u"Command2"_s}));
 }
 

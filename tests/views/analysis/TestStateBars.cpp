@@ -168,7 +168,9 @@ void TestStateBars::scaleLinesShow() {
 void TestStateBars::numbersAreReadOut() {
     StateBars bars;
     bars.setState(stateOf({-7.3, 2.5, 0, 10}, {}), colours);
-    QCOMPARE(bars.accessibleDescription(), u"Fisico -7, Emotivo 2, Intellettivo 0, Media 10"_s);
+    QCOMPARE(
+        bars.accessibleDescription(),
+        u"Fisico -7, in discesa; Emotivo 2, in salita; Intellettivo 0, in salita; Media 10, in salita"_s);
 }
 
 void TestStateBars::sharpAtTwoPixelsPerUnit() {

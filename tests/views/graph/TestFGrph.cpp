@@ -10,8 +10,13 @@
 #include "support/Hermetic.h"
 #include "support/RecordingFrame.h"
 
+#include <QAccessible>
+#include <QApplication>
 #include <QCheckBox>
+#include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -209,6 +214,87 @@ void TestFGrph::popupEnds() {
     QCOMPARE(fixture.frame.popups[1].day, u"Giorno 04/04/2004"_s);
 }
 
+void TestFGrph::popupByKeyboard() {
+    const Fixture fixture;
+    QTest::keyClick(fixture.picture(), Qt::Key_F10);
+    QVERIFY(fixture.frame.popups.empty());
+    QTest::keyClick(fixture.picture(), Qt::Key_F10, Qt::ShiftModifier);
+    const QPoint centre = fixture.picture()->rect().center();
+    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, centre,
+                              fixture.picture()->mapToGlobal(centre));
+    QApplication::sendEvent(fixture.picture(), &byMouse); // comes with the button, and is no key
+    QCOMPARE(fixture.frame.popups.size(), std::size_t{1});
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, centre,
+                              fixture.picture()->mapToGlobal(centre));
+    QApplication::sendEvent(fixture.picture(), &menuKey);
+    QCOMPARE(fixture.frame.popups.size(), std::size_t{2});
+    for (const DayPopup& popup : fixture.frame.popups) {
+        QCOMPARE(popup.day, u"Giorno 15/03/2004"_s);
+        QCOMPARE(popup.physical, u"Fisico: -7"_s);
+        QCOMPARE(popup.mean, u"Media: -6"_s);
+    }
+}
+
+void TestFGrph::popupByKeyboardOnASpanWithoutWidth() {
+    const Fixture fixture(3000);
+    QCOMPARE(fixture.plot().dayWidth, 0); // no day can be pointed at
+    QTest::keyClick(fixture.picture(), Qt::Key_F10, Qt::ShiftModifier);
+    QCOMPARE(fixture.frame.popups.size(), std::size_t{1});
+    QCOMPARE(fixture.frame.popups.front().day, u"Giorno 15/03/2004"_s);
+    QCOMPARE(fixture.frame.popups.front().physical, u"Fisico: -7"_s);
+}
+
+void TestFGrph::toldInWords() {
+    const Fixture fixture;
+    fixture.window->setWindowTitle(u"Grafico di Maria"_s);
+    const QAccessibleInterface* picture = QAccessible::queryAccessibleInterface(fixture.picture());
+    QCOMPARE(picture->role(), QAccessible::Chart);
+    QCOMPARE(picture->text(QAccessible::Name), u"Finestra del grafico"_s);
+    QCOMPARE(picture->text(QAccessible::Description),
+             u"Grafico di Maria. Data di calcolo: lunedì 15 marzo 2004. Fisico: -7, Emotivo: -8, "
+             "Intellettivo: -4, Media: -6. 20 giorni prima e 20 dopo, da martedì 24 febbraio 2004 "
+             "a domenica 4 aprile 2004. Disegnati: fisico, emotivo, intellettivo, media, "
+             "enchance."_s);
+}
+
+/// With what changes the picture, and not before.
+void TestFGrph::changesChangeTheWords() {
+    const Fixture fixture;
+    const auto description = [&fixture] { return fixture.picture()->accessibleDescription(); };
+    fixture.child<QCheckBox>(u"Check2"_s)->click();
+    QVERIFY(description().contains(u"emotivo,"_s));
+    fixture.child<QPushButton>(u"Command1"_s)->click();
+    QVERIFY(description().endsWith(u"Disegnati: fisico, intellettivo, media, enchance."_s));
+
+    GraphOptions options = graphOptions(fixture.program.biorhythm);
+    options.graphDaysAdjust = -19;
+    fixture.window->applyGraphOptions(options);
+    QVERIFY(description().contains(
+        u"1 giorno prima e 1 dopo, da domenica 14 marzo 2004 a martedì 16 marzo 2004."_s));
+    fixture.window->setWindowTitle(u"Grafico di Anna"_s);
+    QVERIFY(description().startsWith(u"Grafico di Anna. "_s));
+}
+
+/// By a line along the edge, and only while the picture has the keyboard.
+void TestFGrph::focusIsShown() {
+    const Fixture fixture;
+    fixture.window->activateWindow();
+    const auto corner = [&fixture] {
+        return fixture.picture()->grab().toImage().pixelColor(0, fixture.picture()->height() / 2);
+    };
+    QCOMPARE(corner(), QColor(Qt::white));
+    const QImage without = fixture.picture()->grab().toImage();
+    fixture.picture()->setFocus(Qt::TabFocusReason);
+    QCOMPARE(corner(), fixture.picture()->palette().color(QPalette::Highlight));
+    const QImage with = fixture.picture()->grab().toImage();
+    const QRect inside = with.rect().adjusted(1, 1, -1, -1);
+    QCOMPARE(with.copy(inside), without.copy(inside));
+    // A click leaves the keyboard where it is.
+    fixture.child<QCheckBox>(u"Check1"_s)->setFocus();
+    QTest::mouseClick(fixture.picture(), Qt::LeftButton);
+    QVERIFY(!fixture.picture()->hasFocus());
+}
+
 void TestFGrph::otherButtonsDoNothing() {
     const Fixture fixture;
     fixture.press(fixture.plot().x(20), Qt::LeftButton);
@@ -285,6 +371,27 @@ void TestFGrph::negativeDayCounts() {
     QCOMPARE(popup.emotional, u"Emotivo: -9"_s); // sin(-5 · 2π/28) = -0.901
     QCOMPARE(popup.intellectual, u"Intellettivo: -8"_s);
     QCOMPARE(popup.mean, u"Media: -9"_s);
+}
+
+/// As tiled in a small frame, which asks no window how small it can be.
+void TestFGrph::squeezedItKeepsTheTextReadable() {
+    const Fixture fixture;
+    QMdiArea area;
+    area.resize(800, 700);
+    area.show();
+    QMdiSubWindow* window = area.addSubWindow(fixture.window.get());
+    window->setAttribute(Qt::WA_DeleteOnClose, false);
+    window->show();
+    auto* text = fixture.child<QPlainTextEdit>(u"Text4"_s);
+    const int least = text->minimumSizeHint().width();
+    QVERIFY(least > 20);
+    for (const int width : {400, 200, 92, 50, 20, 1}) {
+        window->setGeometry(0, 0, width, 600);
+        QCoreApplication::processEvents();
+        QVERIFY2(text->width() >= least, qPrintable(QString::number(width)));
+    }
+    window->setWidget(nullptr);
+    fixture.window->setParent(nullptr);
 }
 
 } // namespace quor::test

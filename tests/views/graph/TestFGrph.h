@@ -15,12 +15,18 @@ class TestFGrph : public Test {
     void checkBoxesWearTheirColours();
     void popupOfADay();
     void popupEnds();
+    void popupByKeyboard();
+    void popupByKeyboardOnASpanWithoutWidth();
+    void toldInWords();
+    void changesChangeTheWords();
+    void focusIsShown();
     void otherButtonsDoNothing();
     void theStartDayStaysFixed();
     void optionsComeThroughTheDialog();
     void damagedSpan();
     void aSpanWiderThanThePicture();
     void negativeDayCounts();
+    void squeezedItKeepsTheTextReadable();
 };
 
 } // namespace quor::test

@@ -8,6 +8,7 @@
 #include "views/graph/FGrphSet.h"
 #include "views/graph/WeekDrawing.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -94,6 +95,8 @@ void TestFGrphSet::controls() {
     QCOMPARE(fixture.control<QLabel>(u"Label1_2"_s)->text(), u"Critici"_s);
     for (const WeekRow row : weekRows) {
         QCOMPARE(fixture.picture(row)->accessibleName(), rowLabel(row));
+        QCOMPARE(QAccessible::queryAccessibleInterface(fixture.picture(row))->role(),
+                 QAccessible::Chart);
     }
 }
 

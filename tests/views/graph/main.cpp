@@ -8,6 +8,7 @@
 #include "views/graph/TestGraphDrawing.h"
 #include "views/graph/TestGraphPlot.h"
 #include "views/graph/TestGraphSeries.h"
+#include "views/graph/TestGraphText.h"
 #include "views/graph/TestWeekDrawing.h"
 #include "views/graph/TestWeekPlot.h"
 #include "views/graph/TestWeekState.h"
@@ -17,5 +18,5 @@
 QUOR_TEST_MAIN(QApplication, quor::test::TestDaysEntry, quor::test::TestFGrOpt,
                quor::test::TestFGrSetOpt, quor::test::TestFGrph, quor::test::TestFGrphMed,
                quor::test::TestFGrphSet, quor::test::TestGraphDrawing, quor::test::TestGraphPlot,
-               quor::test::TestGraphSeries, quor::test::TestWeekDrawing, quor::test::TestWeekPlot,
-               quor::test::TestWeekState)
+               quor::test::TestGraphSeries, quor::test::TestGraphText, quor::test::TestWeekDrawing,
+               quor::test::TestWeekPlot, quor::test::TestWeekState)

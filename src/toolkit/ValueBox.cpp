@@ -1,4 +1,4 @@
-#include "views/analysis/ValueBox.h"
+#include "toolkit/ValueBox.h"
 
 #include <QFontMetrics>
 #include <QStyle>

@@ -1,4 +1,4 @@
-#include "toolkit/SystemPrintDialog.h"
+#include "export/SystemPrintDialog.h"
 
 #include <QPageRanges>
 #include <QPrintDialog>

@@ -1,0 +1,78 @@
+#include "storage/NamedFile.h"
+
+#include "storage/BiorhythmFile.h"
+#include "storage/LineNotation.h"
+#include "storage/SystemFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace quor {
+
+namespace {
+
+bool isSystemFile(const QString& path) {
+    return path.endsWith(u".brs"_s, Qt::CaseInsensitive);
+}
+
+bool isBiorhythmFile(const QString& path) {
+    return path.endsWith(u".bio"_s, Qt::CaseInsensitive);
+}
+
+std::optional<QString> openSystem(const QString& path, Program& program) {
+    readSystemFile(path, program);
+    program.state.systemFilePath = path;
+    program.state.systemOpen = true;
+    // What is left of a damaged file may hold members without a name and a birth.
+    std::vector<SystemMember>& members = program.state.systemMembers;
+    members.resize(static_cast<std::size_t>(std::max<int>(program.state.systemCount, 0)));
+    std::erase(members, SystemMember{});
+    program.state.systemCount = static_cast<std::int16_t>(members.size());
+    if (members.empty()) {
+        return u"il sistema non contiene nessuna persona: "_s + path;
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> openBiorhythm(const QString& path, Program& program) {
+    readBiorhythmFile(path, program);
+    if (!program.biorhythm.isPresent()) {
+        return u"il file non contiene nessuna persona: "_s + path;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<QString> openNamedFile(const QString& path, Program& program) {
+    resetToStartUp(program);
+    if (!isSystemFile(path) && !isBiorhythmFile(path)) {
+        return u"il file non è né un bioritmo (.bio) né un sistema (.brs): "_s + path;
+    }
+    if (!QFileInfo::exists(path)) {
+        return u"il file non esiste: "_s + path;
+    }
+    // The readers take what they find and do not complain.
+    if (QFile file(path); !openForReading(file)) {
+        return u"il file non si può leggere: "_s + path;
+    }
+    return isSystemFile(path) ? openSystem(path, program) : openBiorhythm(path, program);
+}
+
+QString printableName(const QString& name) {
+    QString printable = name;
+    const auto isCommand = [](QChar c) {
+        const auto category = c.category();
+        return category == QChar::Other_Control || category == QChar::Other_Format ||
+               category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
+    };
+    std::replace_if(printable.begin(), printable.end(), isCommand, u'?');
+    return printable;
+}
+
+} // namespace quor

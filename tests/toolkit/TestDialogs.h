@@ -1,0 +1,16 @@
+#pragma once
+
+#include "support/Hermetic.h"
+
+namespace quor::test {
+
+class TestDialogs : public Test {
+    Q_OBJECT
+
+  private slots:
+    void ordinaryTextIsShownAsItIs();
+    void boxesStayOnTheScreen_data();
+    void boxesStayOnTheScreen();
+};
+
+} // namespace quor::test
