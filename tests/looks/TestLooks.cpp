@@ -1,0 +1,113 @@
+#include "looks/TestLooks.h"
+
+#include "shell/ApplicationSetup.h"
+#include "views/analysis/FComp.h"
+
+#include "accessibility/EveryWindow.h"
+#include "looks/Desktop.h"
+#include "looks/LookFaults.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QMdiSubWindow>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::test {
+
+namespace {
+
+/// Fonts up to this size have to do with a small screen.
+constexpr int largestOnSmallScreen = 14;
+/// What the window manager's title bar and a panel of the desktop take.
+constexpr QSize desktopTakes{0, 54};
+
+QSize screenFor(int points) {
+    return (points <= largestOnSmallScreen ? QSize(1366, 768) : QSize(1920, 1080)) - desktopTakes;
+}
+
+/// Windows inside the frame lie in what it leaves them.
+QSize roomFor(const QWidget& window, QSize screen) {
+    const auto* inner = qobject_cast<const QMdiSubWindow*>(window.parentWidget());
+    return inner != nullptr ? inner->parentWidget()->size() : screen;
+}
+
+/// Chooses two persons, without whom the window of their compatibility shows little.
+void compareTwo(QWidget& window) {
+    const auto lists = window.findChildren<QComboBox*>();
+    for (int i = 0; i < lists.size(); ++i) {
+        lists.at(i)->setCurrentIndex(i);
+        emit lists.at(i)->activated(i);
+    }
+}
+
+/// Where somebody wants to see for himself.
+void photograph(QWidget& window) {
+    static int number = 0;
+    const QString folder = qEnvironmentVariable("QUOR_LOOKS_PHOTOGRAPHS");
+    if (!folder.isEmpty()) {
+        const QString row = QString::fromLatin1(QTest::currentDataTag()).section(u':', -1);
+        window.grab().save(u"%1/%2 %3.png"_s.arg(folder, row).arg(++number));
+    }
+}
+
+QStringList faultsOf(QWidget& window, QSize room) {
+    QCoreApplication::processEvents();
+    photograph(window.isWindow() ? window : *window.parentWidget());
+    return cutFaults(window) + overlapFaults(window) + sizeFaults(window, room) +
+           contrastFaults(window) + pictureFaults(window);
+}
+
+} // namespace
+
+void TestLooks::initTestCase() {
+    setUpApplication(*qApp);
+}
+
+void TestLooks::cleanupTestCase() {
+    setDesktop({});
+}
+
+void TestLooks::hasNoFaults_data() {
+    QTest::addColumn<qsizetype>("index");
+    QTest::addColumn<bool>("dark");
+    QTest::addColumn<int>("points");
+    for (std::size_t i = 0; i < everyWindow().size(); ++i) {
+        for (const bool dark : {false, true}) {
+            for (const int points : {8, 10, 14, 20}) {
+                QTest::addRow("%s %s %d", everyWindow().at(i).className, dark ? "dark" : "light",
+                              points)
+                    << static_cast<qsizetype>(i) << dark << points;
+            }
+        }
+    }
+}
+
+void TestLooks::hasNoFaults() {
+    QFETCH(qsizetype, index);
+    QFETCH(bool, dark);
+    QFETCH(int, points);
+    setDesktop({.dark = dark, .points = points});
+    WindowScene scene;
+    const QSize screen = screenFor(points);
+    scene.frame.resize(screen);
+    QWidget* window = showWindow(everyWindow().at(static_cast<std::size_t>(index)), scene);
+    QVERIFY(window != nullptr);
+    const QSize room = roomFor(*window, screen);
+    QStringList faults = faultsOf(*window, room);
+    if (qobject_cast<FComp*>(window) != nullptr) {
+        compareTwo(*window);
+        faults += faultsOf(*window, room);
+    }
+    for (auto* tabs : window->findChildren<QTabWidget*>()) {
+        for (int i = 1; i < tabs->count(); ++i) {
+            tabs->setCurrentIndex(i);
+            faults += faultsOf(*window, room);
+        }
+    }
+    faults.removeDuplicates();
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u"\n  "_s)));
+}
+
+} // namespace quor::test

@@ -1,0 +1,127 @@
+#include "looks/TestSharpness.h"
+
+#include "toolkit/DrawingPainter.h"
+#include "toolkit/IconLabel.h"
+#include "toolkit/ImageList.h"
+#include "toolkit/PictureBox.h"
+
+#include "accessibility/EveryWindow.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::test {
+
+namespace {
+
+qreal wantedScale() {
+    const QByteArray scale = qgetenv("QUOR_TEST_SCALE");
+    return scale.isEmpty() ? 1.0 : scale.toDouble();
+}
+
+/// The window of this class, opened.
+QWidget* open(WindowScene& scene, const char* className) {
+    const auto& all = everyWindow();
+    const auto found = std::find_if(all.begin(), all.end(), [className](const WindowEntry& entry) {
+        return qstrcmp(entry.className, className) == 0;
+    });
+    return found == all.end() ? nullptr : showWindow(*found, scene);
+}
+
+/// A picture of the program rendered from its source for so many pixels of the screen.
+QImage fromSource(const QString& name, QSize pixels, const QColor& line, const QColor& ground) {
+    QFile file(u":/pictures/%1.svg"_s.arg(name));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QByteArray svg = file.readAll();
+    svg.replace("currentColor", line.name().toLatin1());
+    QImage image(pixels, QImage::Format_RGB32);
+    image.fill(ground);
+    QPainter painter(&image);
+    QSvgRenderer(svg).render(&painter);
+    return image;
+}
+
+/// The mean distance of two pictures' pixels, 0 to 255.
+double distance(const QImage& one, const QImage& other) {
+    double sum = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            sum += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y)));
+        }
+    }
+    return sum / (one.width() * one.height());
+}
+
+} // namespace
+
+void TestSharpness::scaleIsThat() {
+    QWidget window;
+    QCOMPARE(window.devicePixelRatioF(), wantedScale());
+}
+
+/// The pictures of the views hold each pixel of the screen as painting on it directly gives it.
+void TestSharpness::drawings() {
+    for (const char* name : {"quor::FGrph", "quor::FGrphSet", "quor::FGrphMed", "quor::FComp"}) {
+        WindowScene scene;
+        QWidget* window = open(scene, name);
+        QVERIFY(window != nullptr);
+        const auto boxes = window->findChildren<PictureBox*>();
+        QVERIFY(!boxes.isEmpty());
+        for (PictureBox* box : boxes) {
+            const QImage shown = box->grab().toImage().convertToFormat(QImage::Format_RGB32);
+            QImage direct((QSizeF(box->size()) * wantedScale()).toSize(), QImage::Format_RGB32);
+            direct.setDevicePixelRatio(wantedScale());
+            direct.fill(Qt::white);
+            {
+                QPainter painter(&direct);
+                painter.setFont(box->font());
+                paint(painter, box->drawing());
+            }
+            QCOMPARE(shown.size(), direct.size());
+            QCOMPARE(shown.devicePixelRatio(), wantedScale());
+            QVERIFY2(distance(shown, direct) < 0.01, name);
+        }
+    }
+}
+
+void TestSharpness::pictures_data() {
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"Grafico", "NuovoBioritmo", "Opzioni", "FrecciaSu", "quor"}) {
+        QTest::newRow(name) << QString::fromLatin1(name);
+    }
+}
+
+/// What is shown of a picture is nearer to one made for the screen than to a magnified one.
+void TestSharpness::pictures() {
+    QFETCH(QString, name);
+    constexpr QSize size(24, 24);
+    const QIcon icon = name == u"quor"_s ? emblem() : picture(u"Imm"_s + name);
+    IconLabel label;
+    label.setIcon(icon, size);
+    label.resize(size);
+    const QImage shown = label.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QColor line = QApplication::palette().color(QPalette::WindowText);
+    const QColor ground = label.palette().color(QPalette::Window);
+    const QSize pixels = (QSizeF(size) * wantedScale()).toSize();
+    QCOMPARE(shown.size(), pixels);
+    const double toSharp = distance(shown, fromSource(name, pixels, line, ground));
+    QVERIFY2(toSharp < 0.5, qPrintable(QString::number(toSharp)));
+    if (wantedScale() > 1) {
+        const QImage magnified =
+            fromSource(name, size, line, ground)
+                .scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        const double toBlurred = distance(shown, magnified);
+        QVERIFY2(toBlurred > 4 * toSharp + 1, qPrintable(QString::number(toBlurred)));
+    }
+}
+
+} // namespace quor::test
