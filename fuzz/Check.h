@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QString>
+
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 
@@ -14,4 +18,12 @@ inline void check(bool holds, const char* what) {
     }
 }
 
+/// The input as a text; bytes that are no UTF-8 become replacement characters.
+inline QString textOf(const std::uint8_t* data, std::size_t size) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+}
+
 } // namespace quor::fuzz
+
+/// Nobody else calls what a target defines, so it is declared here.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

@@ -1,24 +1,20 @@
-// Any bytes as a .bio file: reading ends and takes only values in their ranges, and what was read
-// and saved reads back the same.
+// Any bytes as the content of a .bio file: reading ends and takes only values in their ranges, and
+// what was read and written reads back the same.
 
-#include "Files.h"
+#include "Input.h"
 #include "storage/BiorhythmFile.h"
 
-#include <cstddef>
-#include <cstdint>
 #include <tuple>
 
 namespace {
 
 using quor::fuzz::check;
 using quor::fuzz::isStorableDate;
-using quor::fuzz::MemoryFile;
-using quor::fuzz::savedPath;
 
 /// Everything that a file holds.
 auto stored(const quor::Biorhythm& b) {
-    return std::tuple(b.name, b.birthDate, b.calculationDate, b.dayIndexPosition, b.graphDaysAdjust,
-                      b.curveColours, b.weeklyColours);
+    return std::tie(b.name, b.birthDate, b.calculationDate, b.dayIndexPosition, b.graphDaysAdjust,
+                    b.curveColours, b.weeklyColours);
 }
 
 quor::Program freshProgram() {
@@ -27,27 +23,30 @@ quor::Program freshProgram() {
     return program;
 }
 
+void readInto(quor::Program& program, const QByteArray& bytes) {
+    quor::fuzz::readFrom(bytes, [&program](QIODevice& device) { readBiorhythm(device, program); });
+}
+
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const MemoryFile input;
-    input.setBytes(data, size);
-
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const QByteArray bytes = quor::fuzz::bytesOf(data, size);
     quor::Program read = freshProgram();
-    readBiorhythmFile(input.path(), read);
+    readInto(read, bytes);
     check(isStorableDate(read.biorhythm.birthDate), "the birth date can be stored");
     check(isStorableDate(read.biorhythm.calculationDate), "the calculation date can be stored");
-    check(read.state.filePath == input.path() && !read.state.modified, "the file is remembered");
 
-    check(!saveBiorhythmFile(savedPath(), read), "what was read can be saved");
     quor::Program again = freshProgram();
-    readBiorhythmFile(savedPath(), again);
-    check(stored(again.biorhythm) == stored(read.biorhythm), "what was saved reads back the same");
+    const QByteArray written = quor::biorhythmFileContent(read.biorhythm);
+    readInto(again, written);
+    check(stored(again.biorhythm) == stored(read.biorhythm),
+          "what was written reads back the same");
+    check(quor::biorhythmFileContent(again.biorhythm) == written, "and is written the same");
 
     // While a system is open only the person is taken.
     quor::Program withSystem = freshProgram();
     withSystem.state.systemOpen = true;
-    readBiorhythmFile(input.path(), withSystem);
+    readInto(withSystem, bytes);
     quor::Biorhythm personOnly = freshProgram().biorhythm;
     personOnly.name = read.biorhythm.name;
     personOnly.birthDate = read.biorhythm.birthDate;
