@@ -114,6 +114,19 @@ sleep 0.5
 xdotool key F1
 timeout 30 xdotool search --sync --onlyvisible --name '^Guida di Quor' >/dev/null ||
     fail "no help"
+# Pages are shown by a module of the program's, which lies in a folder of its own.
+help=$(xdotool search --onlyvisible --name '^Guida di Quor' | tail -1)
+xdotool windowfocus "$help" key --window "$help" Escape || true
+xdotool windowfocus "$window"
+sleep 0.5
+xdotool key alt+b
+sleep 0.5
+xdotool key n
+timeout 30 xdotool search --sync --onlyvisible --name '^Stampa$' >/dev/null || fail "no window for printing"
+sleep 0.5
+xdotool key Return
+timeout 60 xdotool search --sync --onlyvisible --name '^Anteprima di stampa$' >/dev/null ||
+    fail "no preview"
 kill -TERM "$program"
 wait "$program" || fail "the program ended with $?: $(cat "$place/said")"
 [ ! -s "$place/said" ] || fail "the program said: $(cat "$place/said")"

@@ -3,6 +3,7 @@
 Usage: test_packaging.py SOURCES BUILD CMAKE CPACK
 """
 
+import json
 import os
 import pathlib
 import re
@@ -56,7 +57,8 @@ class InstalledTreeTest(Folder):
 
     def test_files(self):
         expected = {
-            "bin/quor", "bin/quor-render", "share/quor/Quor.qch", "share/quor/Quor.qhc",
+            "bin/quor", "bin/quor-render", "lib/quor/modules/quor-paper.so",
+            "share/quor/Quor.qch", "share/quor/Quor.qhc",
             "share/applications/quor.desktop", "share/mime/packages/quor.xml",
             f"share/metainfo/{APP_ID}.metainfo.xml", "share/doc/quor/copyright",
             "share/doc/quor/changelog.gz"}
@@ -170,6 +172,51 @@ class InstalledTreeTest(Folder):
                     self.assertEqual(described, options)
         self.assertIn("bioritmi di persone", run(
             "man", "-l", self.share / "man/it/man1/quor.1.gz", env={"MANWIDTH": "80"}).stdout)
+
+
+class SandboxTest(Folder):
+    """The manifest of the sandboxed program, as far as it can be tried without its runtime."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.file = SOURCES / f"packaging/flatpak/{APP_ID}.yml"
+        cls.result = run("flatpak-builder", "--show-manifest", cls.file,
+                         cwd=cls.folder)  # it leaves a folder where it runs
+        cls.manifest = json.loads(cls.result.stdout)
+
+    def test_manifest_is_understood(self):
+        """An unknown property, too, is a warning."""
+        self.assertEqual((self.result.returncode, self.result.stderr), (0, ""))
+        self.assertEqual(self.manifest["id"], APP_ID)
+        self.assertEqual(self.manifest["command"], "quor")
+
+    def test_no_folder_and_no_network(self):
+        permissions = {word for word in self.manifest["finish-args"]
+                       if not word.startswith("--env=")}
+        self.assertEqual(permissions, {"--share=ipc", "--socket=wayland", "--socket=fallback-x11",
+                                       "--socket=cups", "--device=dri"})
+
+    def test_names_that_may_be_handed_out(self):
+        """Its last steps, tried on what is installed: file types and icons bear the program's name."""
+        done = run(CMAKE, "--install", BUILD, "--prefix", self.folder)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        module = next(module for module in self.manifest["modules"] if module["name"] == "quor")
+        for step in module["post-install"]:
+            self.assert_silent(run("sh", "-ec", step.replace("/app/", f"{self.folder}/"),
+                                   env={"FLATPAK_ID": APP_ID}))
+        share = self.folder / "share"
+        types, = (share / "mime/packages").iterdir()
+        self.assertEqual(types.name, f"{APP_ID}.xml")
+        named = {node.get("name") for node in ElementTree.parse(types).iter()
+                 if node.tag.endswith("}icon")}
+        self.assertEqual(named, {f"{APP_ID}-bioritmo", f"{APP_ID}-sistema"})
+        for folder in (share / "icons/hicolor").glob("*/mimetypes"):
+            self.assertEqual({file.stem for file in folder.iterdir()}, named)
+        for part, kind in (("desktop-file", "applications"), ("icon", "icons/hicolor/scalable/apps")):
+            renamed = self.manifest[f"rename-{part}"]
+            self.assertEqual([file.name.removesuffix(".svg") for file in (share / kind).iterdir()],
+                             [renamed])
 
 
 class DebianPackageTest(Folder):
