@@ -5,11 +5,9 @@ import os
 import re
 import shutil
 import subprocess
-import sys
 import unittest
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from harness import (DIALOG_ROLES, Desktop, ProgramTestCase, children_of,  # noqa: E402
+from harness import (DIALOG_ROLES, Desktop, ProgramTestCase, children_of,
                      has_state, is_checked, is_enabled, is_showing, name_of, poll, text_of,
                      value_and_maximum_of, wait_for)
 

@@ -4,11 +4,9 @@
 import os
 import re
 import signal
-import sys
 import unittest
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from harness import (Desktop, ProgramTestCase, children_of, extents_of, has_state,  # noqa: E402
+from harness import (Desktop, ProgramTestCase, children_of, extents_of, has_state,
                      is_checked, is_enabled, is_showing, name_of, plain, poll, role_of,
                      settings_file, text_of, wait_for, walk)
 

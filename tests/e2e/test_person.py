@@ -4,11 +4,9 @@
 import os
 import re
 import signal
-import sys
 import unittest
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from harness import (Desktop, ProgramTestCase, children_of, is_read_only,  # noqa: E402
+from harness import (Desktop, ProgramTestCase, children_of, is_read_only,
                      is_showing, name_of, poll, text_of, wait_for)
 
 NAME = "Maria Rossi"

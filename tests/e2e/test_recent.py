@@ -3,11 +3,9 @@
 
 import os
 import signal
-import sys
 import unittest
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from harness import (Desktop, ProgramTestCase, extents_of, is_enabled, name_of,  # noqa: E402
+from harness import (Desktop, ProgramTestCase, extents_of, is_enabled, name_of,
                      plain, poll, role_of, walk)
 
 RECENT = "Aperti di recente"

@@ -2,11 +2,9 @@
 """Work that was not saved comes back after an end that asked nothing."""
 
 import os
-import sys
 import unittest
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from harness import Desktop, ProgramTestCase, children_of, name_of, poll, wait_for  # noqa: E402
+from harness import Desktop, ProgramTestCase, children_of, name_of, poll, wait_for
 
 CLOSING = ("Questo comporterà la chiusura del bioritmo di Maria Rossi. "
            "Si desidera continuare ugualmente?")

@@ -5,11 +5,9 @@ import datetime
 import math
 import os
 import re
-import sys
 import unittest
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from harness import (Desktop, ProgramTestCase, children_of, description_of,  # noqa: E402
+from harness import (Desktop, ProgramTestCase, children_of, description_of,
                      has_state, name_of, poll, text_of, wait_for)
 
 DAY = datetime.date(2004, 3, 15)

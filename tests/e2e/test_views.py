@@ -6,11 +6,9 @@ import math
 import os
 import random
 import re
-import sys
 import unittest
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from harness import (Desktop, ProgramTestCase, children_of, extents_of,  # noqa: E402
+from harness import (Desktop, ProgramTestCase, children_of, extents_of,
                      is_checked, is_read_only, is_showing, name_of, page_text_of, poll, text_of,
                      wait_for)
 
