@@ -14,9 +14,6 @@ namespace quor {
 
 namespace {
 
-constexpr int firstYear = 100;
-constexpr int lastYear = 9999;
-
 struct Fields {
     QString day;
     QString month;

@@ -11,7 +11,7 @@ namespace quor {
 namespace {
 
 const QDate& origin() {
-    static const QDate day(1899, 12, 30);
+    static const QDate day = QDate(1970, 1, 1).addDays(dateOrigin.time_since_epoch().count());
     return day;
 }
 

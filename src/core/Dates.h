@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QString>
 
+#include <chrono>
 #include <cstdint>
 
 /// Dates as numbers, and dates as the user reads them.
@@ -11,6 +12,14 @@ namespace quor {
 
 /// Days since 1899-12-30; a fraction is the time of day. 0 stands for "no date".
 using DateValue = double;
+
+/// Day 0 of a `DateValue`.
+inline constexpr std::chrono::sys_days dateOrigin =
+    std::chrono::year(1899) / std::chrono::December / 30;
+
+/// The years that a date may lie in, as it is typed and as a file holds it.
+inline constexpr int firstYear = 100;
+inline constexpr int lastYear = 9999;
 
 /// The day of a value, its time of day left out. The value is within ±2^31 days.
 [[nodiscard]] std::int32_t dayNumber(DateValue date);

@@ -12,8 +12,6 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr sys_days origin = 1899y / December / 30;
-
 char* writeDigits(char* to, unsigned number, int digits) {
     for (char* place = to + digits; place != to; number /= 10) {
         *--place = static_cast<char>('0' + number % 10);
@@ -31,7 +29,7 @@ char* writeNumber(char* to, double value) {
 }
 
 char* writeIsoDate(char* to, std::int32_t dayNumber) {
-    const year_month_day date(origin + std::chrono::days(dayNumber));
+    const year_month_day date(dateOrigin + std::chrono::days(dayNumber));
     to = writeDigits(to, static_cast<unsigned>(static_cast<int>(date.year())), 4);
     *to++ = '-';
     to = writeDigits(to, static_cast<unsigned>(date.month()), 2);
@@ -40,8 +38,8 @@ char* writeIsoDate(char* to, std::int32_t dayNumber) {
 }
 
 std::int32_t lastIsoDay() {
-    constexpr sys_days last = 9999y / December / 31;
-    return static_cast<std::int32_t>((last - origin).count());
+    constexpr sys_days last = year(lastYear) / December / 31;
+    return static_cast<std::int32_t>((last - dateOrigin).count());
 }
 
 ReportStream::ReportStream(QIODevice& device)

@@ -18,9 +18,6 @@ namespace quor {
 
 namespace {
 
-constexpr int firstYear = 100;
-constexpr int lastYear = 9999;
-
 /// A string cannot carry what would end its line or the whole text; a blank stands in its place,
 /// when writing and for what another program wrote.
 constexpr bool endsText(char16_t character) {
@@ -30,14 +27,13 @@ constexpr bool endsText(char16_t character) {
 /// The date, where there is one, as a day of the proleptic Gregorian calendar.
 std::optional<DateValue> dateOf(int year, int month, int day) {
     using namespace std::chrono;
-    constexpr sys_days origin = 1899y / December / 30;
     const year_month_day date(std::chrono::year{year},
                               std::chrono::month{static_cast<unsigned>(month)},
                               std::chrono::day{static_cast<unsigned>(day)});
     if (!date.ok() || year < firstYear || year > lastYear) {
         return std::nullopt;
     }
-    return static_cast<DateValue>((sys_days(date) - origin).count());
+    return static_cast<DateValue>((sys_days(date) - dateOrigin).count());
 }
 
 /// A line while it is put together, one without a string.
