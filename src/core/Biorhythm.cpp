@@ -6,6 +6,11 @@
 
 namespace quor {
 
+std::span<const SystemMember> AppState::members() const {
+    const auto count = std::clamp<std::ptrdiff_t>(systemCount, 0, std::ssize(systemMembers));
+    return std::span(systemMembers).first(static_cast<std::size_t>(count));
+}
+
 GraphOptions defaultGraphOptions() {
     return {.colours = {0xFF0000, 0x0000FF, 0x00FF00, 0x00FFFF},
             .graphDaysAdjust = 0,
@@ -77,15 +82,22 @@ void resetToStartUp(Program& program) {
 }
 
 std::int32_t dayCountAtGraphStart(const Biorhythm& biorhythm) {
-    return dayCount(biorhythm.birthDate, biorhythm.calculationDate - GRAPH_BASE_DAYS);
+    return dayCountAtGraphStart(biorhythm.birthDate, biorhythm.calculationDate);
+}
+
+std::int32_t dayCountAtGraphStart(DateValue birthDate, DateValue calculationDate) {
+    return dayCount(birthDate, calculationDate - GRAPH_BASE_DAYS);
+}
+
+std::int32_t dayCountOnCalculationDate(const Biorhythm& biorhythm) {
+    return biorhythm.daysAtGraphStart + GRAPH_BASE_DAYS;
 }
 
 std::int16_t findSystemMember(const AppState& state, const QString& name) {
-    const auto begin = state.systemMembers.begin();
-    const auto end =
-        begin + std::min<std::ptrdiff_t>(state.systemCount, std::ssize(state.systemMembers));
-    const auto found = std::find_if(begin, end, [&](const auto& m) { return m.name == name; });
-    return found == end ? std::int16_t{-1} : static_cast<std::int16_t>(found - begin);
+    const auto members = state.members();
+    const auto found = std::ranges::find(members, name, &SystemMember::name);
+    return found == members.end() ? std::int16_t{-1}
+                                  : static_cast<std::int16_t>(found - members.begin());
 }
 
 } // namespace quor

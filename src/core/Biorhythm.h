@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /// The data of the running program: plain records, made once and handed to each window.
@@ -82,7 +83,10 @@ struct AppState {
     bool exportWholeSystem = false;          ///< the export window is to export every member
     QString fastStart;                       ///< the setting as it stands in the store
     std::uint8_t guidedProcedureActive = 0;  ///< 0, or the number of the running tour
-    bool guidedStepDone = false;
+    bool guidedStepDone = false;             ///< what the tour's step asks for was done
+
+    /// The members that count.
+    [[nodiscard]] std::span<const SystemMember> members() const;
 };
 
 struct Program {
@@ -129,8 +133,13 @@ void resetDisplayOptions(Biorhythm& biorhythm);
 /// Puts the program's data into the state in which every start finds it.
 void resetToStartUp(Program& program);
 
-/// Day count, for the record's person, of the day GRAPH_BASE_DAYS before the calculation date.
+/// Day count, for the record's person or one born on that day, of the day GRAPH_BASE_DAYS before
+/// the calculation date.
 [[nodiscard]] std::int32_t dayCountAtGraphStart(const Biorhythm& biorhythm);
+[[nodiscard]] std::int32_t dayCountAtGraphStart(DateValue birthDate, DateValue calculationDate);
+
+/// Day count of the calculation date, as `daysAtGraphStart` has it.
+[[nodiscard]] std::int32_t dayCountOnCalculationDate(const Biorhythm& biorhythm);
 
 /// Index of the first member with exactly this name (letter case counts), or -1.
 [[nodiscard]] std::int16_t findSystemMember(const AppState& state, const QString& name);

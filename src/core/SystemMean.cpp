@@ -66,9 +66,9 @@ std::size_t DayTable::index(std::int32_t first, std::int32_t length) const {
 
 std::vector<std::int32_t> memberDayCounts(const AppState& state, DateValue date) {
     std::vector<std::int32_t> counts;
-    counts.reserve(static_cast<std::size_t>(state.systemCount));
-    for (std::size_t i = 0; i < static_cast<std::size_t>(state.systemCount); ++i) {
-        counts.push_back(dayCount(state.systemMembers[i].birthDate, date));
+    counts.reserve(state.members().size());
+    for (const SystemMember& member : state.members()) {
+        counts.push_back(dayCount(member.birthDate, date));
     }
     return counts;
 }

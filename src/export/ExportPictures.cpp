@@ -114,7 +114,7 @@ ExportPicture graphPicture(const Biorhythm& biorhythm, QSize size, const QLocale
                            .dayIndexPosition = options.dayIndexPosition,
                            .calculationDate = biorhythm.calculationDate,
                            .textHeight = QFontMetrics(font).height()};
-    const std::int32_t firstDay = biorhythm.daysAtGraphStart + GRAPH_BASE_DAYS - plot.daysAround;
+    const std::int32_t firstDay = dayCountOnCalculationDate(biorhythm) - plot.daysAround;
     return {.drawing = drawGraph(personSeries(firstDay, plot.daysAround), plot, style, locale),
             .font = font,
             .size = size};

@@ -16,10 +16,8 @@ std::vector<SystemMember> personsOf(const Program& program, ExportScope scope) {
     if (scope == ExportScope::person) {
         return {{.name = program.biorhythm.name, .birthDate = program.biorhythm.birthDate}};
     }
-    const std::vector<SystemMember>& members = program.state.systemMembers;
-    const auto count =
-        std::clamp<std::ptrdiff_t>(program.state.systemCount, 0, std::ssize(members));
-    return {members.begin(), members.begin() + count};
+    const auto members = program.state.members();
+    return {members.begin(), members.end()};
 }
 
 ExportResult pictureResult(const ExportPicture& picture, const QString& path, const QString& lead) {

@@ -44,8 +44,7 @@ ReportSubject reportSubject(const Program& program) {
     subject.firstDay = dayNumber(program.biorhythm.calculationDate);
     if (subject.isSystem) {
         subject.name = QFileInfo(state.systemFilePath).completeBaseName();
-        subject.members.assign(state.systemMembers.begin(),
-                               state.systemMembers.begin() + state.systemCount);
+        subject.members.assign(state.members().begin(), state.members().end());
     } else {
         subject.name = program.biorhythm.name;
         subject.members = {

@@ -5,9 +5,6 @@
 
 #include <QFile>
 
-#include <algorithm>
-#include <span>
-
 namespace quor {
 
 namespace {
@@ -28,13 +25,10 @@ void readMembers(LineReader& reader, AppState& state) {
 } // namespace
 
 QByteArray systemFileContent(const Program& program) {
-    const AppState& state = program.state;
-    const auto count =
-        std::clamp<std::ptrdiff_t>(state.systemCount, 0, std::ssize(state.systemMembers));
+    const auto members = program.state.members();
     LineWriter writer;
-    writer.writeInteger(static_cast<std::int32_t>(count));
-    for (const SystemMember& member :
-         std::span(state.systemMembers).first(static_cast<std::size_t>(count))) {
+    writer.writeInteger(static_cast<std::int32_t>(members.size()));
+    for (const SystemMember& member : members) {
         writer.writeString(member.name);
         writer.writeDate(member.birthDate);
     }

@@ -378,8 +378,7 @@ void FProj::makeCurrent(const SystemMember& member) {
 
 void FProj::startCurvesFor(const SystemMember& member) {
     Biorhythm& biorhythm = m_program.biorhythm;
-    biorhythm.daysAtGraphStart =
-        dayCount(member.birthDate, biorhythm.calculationDate - GRAPH_BASE_DAYS);
+    biorhythm.daysAtGraphStart = dayCountAtGraphStart(member.birthDate, biorhythm.calculationDate);
 }
 
 /// With the title bar around it, whose close box would still close the system.

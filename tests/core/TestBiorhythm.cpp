@@ -83,6 +83,20 @@ void TestBiorhythm::anEmptySystemFindsNothing() {
     QCOMPARE(findSystemMember(state, {}), std::int16_t{-1});
 }
 
+void TestBiorhythm::membersAreThoseThatCount() {
+    AppState state;
+    QVERIFY(state.members().empty());
+    state.systemMembers = {{u"Anna"_s, 1}, {u"Bruno"_s, 2}};
+    QVERIFY(state.members().empty());
+    state.systemCount = 1;
+    QCOMPARE(state.members().size(), std::size_t{1});
+    QCOMPARE(state.members().front().name, u"Anna"_s);
+    state.systemCount = 3; // more than there are
+    QCOMPARE(state.members().size(), std::size_t{2});
+    state.systemCount = -1;
+    QVERIFY(state.members().empty());
+}
+
 void TestBiorhythm::dayCountsFollowTheDates() {
     Biorhythm biorhythm;
     biorhythm.birthDate = toDateValue(QDate(1981, 12, 25));
@@ -90,6 +104,9 @@ void TestBiorhythm::dayCountsFollowTheDates() {
     QCOMPARE(dayCountAtGraphStart(biorhythm), 8116 - 20);
     biorhythm.calculationDate = toDateValue(QDate(1981, 12, 25));
     QCOMPARE(dayCountAtGraphStart(biorhythm), -20);
+    QCOMPARE(dayCountAtGraphStart(biorhythm.birthDate - 3, biorhythm.calculationDate), -17);
+    biorhythm.daysAtGraphStart = 100;
+    QCOMPARE(dayCountOnCalculationDate(biorhythm), 120);
 }
 
 void TestBiorhythm::theSmallestSpanIsOneDay() {

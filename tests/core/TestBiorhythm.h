@@ -12,6 +12,7 @@ class TestBiorhythm : public Test {
     void resetTouchesOnlyDisplayOptions();
     void namesAreFoundExactly();
     void anEmptySystemFindsNothing();
+    void membersAreThoseThatCount();
     void dayCountsFollowTheDates();
     void theSmallestSpanIsOneDay();
     void theClockCanBeSet();

@@ -100,11 +100,8 @@ void FComp::changeEvent(QEvent* event) {
 /// Both lists show one model, so that a system of very many members costs neither of them an entry
 /// of its own.
 void FComp::fillLists(const AppState& state) {
-    const auto members = state.systemMembers.begin();
-    const auto end =
-        members + std::clamp<std::ptrdiff_t>(state.systemCount, 0, std::ssize(state.systemMembers));
     QStringList names;
-    std::for_each(members, end, [&](const SystemMember& member) {
+    for (const SystemMember& member : state.members()) {
         names << member.name;
         m_birthDates.push_back(member.birthDate);
     });

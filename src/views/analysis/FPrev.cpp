@@ -7,7 +7,7 @@ namespace quor {
 namespace {
 
 std::array<ForecastRow, 3> rowsOf(const Biorhythm& biorhythm) {
-    const Forecast forecast = personForecast(biorhythm.daysAtGraphStart + GRAPH_BASE_DAYS);
+    const Forecast forecast = personForecast(dayCountOnCalculationDate(biorhythm));
     return forecastRows(forecast, biorhythm.calculationDate, longDate);
 }
 

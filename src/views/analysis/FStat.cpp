@@ -5,8 +5,8 @@ using namespace Qt::StringLiterals;
 namespace quor {
 
 FStat::FStat(const Program& program, QWidget* parent)
-    : DayStateWindow(dayState(program.biorhythm.daysAtGraphStart + GRAPH_BASE_DAYS),
-                     program.biorhythm, parent) {
+    : DayStateWindow(dayState(dayCountOnCalculationDate(program.biorhythm)), program.biorhythm,
+                     parent) {
     setObjectName(u"FStat"_s);
     setWindowTitle(u"Stato Odierno"_s);
 }

@@ -12,7 +12,7 @@ constexpr std::size_t unnoticed = 5'000'000;
 } // namespace
 
 PersonGraph::PersonGraph(const Biorhythm& biorhythm)
-    : m_startDayCount(biorhythm.daysAtGraphStart + GRAPH_BASE_DAYS -
+    : m_startDayCount(dayCountOnCalculationDate(biorhythm) -
                       daysAround(biorhythm.graphDaysAdjust)) {}
 
 GraphSeries PersonGraph::series(std::int32_t daysAround) const {

@@ -24,7 +24,7 @@ double valueAt(std::int32_t weekStartDayCount, Period period, double daysLater) 
 
 Week weekOf(const Biorhythm& biorhythm) {
     const DateValue calculationDay = dayNumber(biorhythm.calculationDate);
-    const DateValue birth = calculationDay - biorhythm.daysAtGraphStart - GRAPH_BASE_DAYS;
+    const DateValue birth = calculationDay - dayCountOnCalculationDate(biorhythm);
     Week week;
     week.weekday = toQDate(calculationDay).dayOfWeek();
     week.weekStart = calculationDay - week.weekday + 1;
