@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Biorhythm.h"
+#include "core/Cycles.h"
 #include "views/analysis/Compatibility.h"
 
 #include <array>
@@ -47,11 +48,14 @@ class CompatibilityMatrix {
     /// Days between two births that `compatibility` still compares.
     static constexpr std::uint32_t mostDays = std::numeric_limits<std::int16_t>::max();
 
+    template<Period period>
+    using Table = std::array<double, static_cast<std::size_t>(quor::days(period))>;
+
     /// The percentages by the remainder of the days between two births.
     struct Percentages {
-        std::array<double, 23> physical{};
-        std::array<double, 28> emotional{};
-        std::array<double, 33> intellectual{};
+        Table<Period::physical> physical{};
+        Table<Period::emotional> emotional{};
+        Table<Period::intellectual> intellectual{};
 
         Percentages();
     };
@@ -60,9 +64,10 @@ class CompatibilityMatrix {
         if (days > mostDays) {
             return std::nullopt;
         }
-        Compatibility value{.physical = m_percentages->physical[days % 23],
-                            .emotional = m_percentages->emotional[days % 28],
-                            .intellectual = m_percentages->intellectual[days % 33]};
+        const Percentages& by = *m_percentages;
+        Compatibility value{.physical = by.physical[days % by.physical.size()],
+                            .emotional = by.emotional[days % by.emotional.size()],
+                            .intellectual = by.intellectual[days % by.intellectual.size()]};
         value.overall =
             static_cast<float>((value.physical + value.emotional + value.intellectual) / 3);
         return value;

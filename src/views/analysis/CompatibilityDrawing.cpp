@@ -28,7 +28,7 @@ Values meanValues(std::int32_t dayCount) {
     const Values intellectual = cycleValues(dayCount, Period::intellectual);
     Values values{};
     for (std::size_t day = 0; day < values.size(); ++day) {
-        values.at(day) = ((physical.at(day) + emotional.at(day)) + intellectual.at(day)) / 3;
+        values.at(day) = meanOfCycles(physical.at(day), emotional.at(day), intellectual.at(day));
     }
     return values;
 }

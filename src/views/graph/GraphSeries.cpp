@@ -33,7 +33,8 @@ GraphSeries personSeries(std::int32_t startDayCount, std::int32_t daysAround) {
     series.intellectual = cycle(startDayCount, Period::intellectual, days);
     series.mean.resize(days);
     for (std::size_t i = 0; i < days; ++i) {
-        series.mean[i] = (series.physical[i] + series.emotional[i] + series.intellectual[i]) / 3;
+        series.mean[i] =
+            meanOfCycles(series.physical[i], series.emotional[i], series.intellectual[i]);
     }
     series.bars.resize(days - 1);
     for (std::size_t i = 0; i + 1 < days; ++i) {

@@ -63,9 +63,8 @@ HalfDays weekValues(std::int32_t weekStartDayCount, WeekRow row) {
         };
         switch (row) {
         case WeekRow::mean:
-            value =
-                (cycle(Period::physical) + cycle(Period::emotional) + cycle(Period::intellectual)) /
-                3;
+            value = meanOfCycles(cycle(Period::physical), cycle(Period::emotional),
+                                 cycle(Period::intellectual));
             break;
         case WeekRow::physical:
             value = cycle(Period::physical);
