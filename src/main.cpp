@@ -1,5 +1,6 @@
 // Starts the program: command line, locale, translations, one record of data, one frame.
 
+#include "core/ExitStatus.h"
 #include "guidance/HelpKey.h"
 #include "guidance/HelpService.h"
 #include "shell/ApplicationSetup.h"
@@ -23,10 +24,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int success = 0;
-constexpr int failure = 1;
-constexpr int wrongUse = 2;
-
 void print(FILE* stream, const QString& text) {
     std::fputs(text.toLocal8Bit().constData(), stream);
 }
@@ -36,7 +33,7 @@ void print(FILE* stream, const QString& text) {
 void reportNoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
     if (type == QtFatalMsg) {
         print(stderr, u"quor: nessuno schermo disponibile\n"_s);
-        std::_Exit(failure);
+        std::_Exit(quor::exitStatus::failure);
     }
     if (type == QtCriticalMsg) {
         print(stderr, text + u'\n');
@@ -82,7 +79,7 @@ int writeReport(const quor::ReportRequest& request) {
     QTextStream errors(stderr);
     if (!output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         print(stderr, u"quor: %1\n"_s.arg(output.errorString()));
-        return failure;
+        return quor::exitStatus::failure;
     }
     return quor::writeReport(request, output, errors);
 }
@@ -92,13 +89,13 @@ int answerWithoutScreen(const quor::StartRequest& request) {
     switch (request.mode) {
     case quor::StartMode::showHelp:
         print(stdout, quor::usageText());
-        return success;
+        return quor::exitStatus::success;
     case quor::StartMode::showVersion:
         print(stdout, u"quor %1\n"_s.arg(QString::fromLatin1(quor::version())));
-        return success;
+        return quor::exitStatus::success;
     case quor::StartMode::wrongUse:
         print(stderr, u"quor: %1\nProvare: quor --help\n"_s.arg(request.text));
-        return wrongUse;
+        return quor::exitStatus::wrongUse;
     default:
         return -1;
     }
@@ -150,7 +147,7 @@ int main(int argc, char* argv[]) {
     quor::Program program;
     quor::MDIForm1 frame(program, QApplication::applicationDirPath());
     QObject::connect(&frame, &quor::MDIForm1::ended, &application,
-                     [] { QCoreApplication::exit(success); });
+                     [] { QCoreApplication::exit(quor::exitStatus::success); });
     QObject::connect(&endRequests, &quor::EndRequests::aboutToEnd, &frame,
                      &quor::MDIForm1::keepUnsavedWork);
     frame.show();

@@ -2,6 +2,8 @@
 
 #include "core/Biorhythm.h"
 #include "core/DateEntry.h"
+#include "core/ExitStatus.h"
+#include "core/Printable.h"
 #include "export/ExportPictures.h"
 #include "export/ExportRun.h"
 #include "storage/NamedFile.h"
@@ -16,9 +18,6 @@ using namespace Qt::StringLiterals;
 namespace quor {
 
 namespace {
-
-constexpr int success = 0;
-constexpr int failure = 1;
 
 /// Carries the request out. @return why nothing could be exported
 std::optional<QString> start(const BatchRequest& request, Program& program, QString& folder) {
@@ -45,10 +44,10 @@ int exportBatch(const BatchRequest& request, QTextStream& output, QTextStream& e
     Program program;
     QString folder;
     if (const auto wrong = start(request, program, folder)) {
-        errors << "quor: " << printableName(*wrong)
-               << '\n'; // a path may hold what a terminal obeys
+        // A path may hold what a terminal obeys.
+        errors << "quor: " << printable(*wrong) << '\n';
         errors.flush();
-        return failure;
+        return exitStatus::failure;
     }
     const PageVariant variant = request.forPrint ? PageVariant::print : PageVariant::screen;
     ExportRun run(
@@ -69,9 +68,9 @@ int exportBatch(const BatchRequest& request, QTextStream& output, QTextStream& e
     if (run.errorCount() > 0) {
         errors << "quor: " << run.errorText() << '\n';
         errors.flush();
-        return failure;
+        return exitStatus::failure;
     }
-    return success;
+    return exitStatus::success;
 }
 
 } // namespace quor

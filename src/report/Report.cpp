@@ -2,6 +2,8 @@
 
 #include "core/Biorhythm.h"
 #include "core/DateEntry.h"
+#include "core/ExitStatus.h"
+#include "core/Printable.h"
 #include "report/ReportCalendar.h"
 #include "report/ReportCsv.h"
 #include "report/ReportData.h"
@@ -24,13 +26,9 @@ namespace quor {
 
 namespace {
 
-constexpr int success = 0;
-constexpr int failure = 1;
-constexpr int wrongUse = 2;
-
 /// Why there is no report.
 struct Fault {
-    int status = failure;
+    int status = exitStatus::failure;
     QString text;
 };
 
@@ -43,7 +41,7 @@ std::optional<Fault> takeDays(const ReportRequest& request, const ReportSubject&
         request.format == ReportFormat::csv || request.format == ReportFormat::calendar;
     if (counts && days > left) {
         return Fault{
-            .status = wrongUse,
+            .status = exitStatus::wrongUse,
             .text = u"i giorni vanno oltre l'anno 9999: da questa data al massimo %1"_s.arg(left)};
     }
     return std::nullopt;
@@ -54,7 +52,8 @@ std::optional<Fault> takeSubject(const ReportRequest& request, ReportSubject& su
     if (!request.date.isEmpty()) {
         date = acceptCalculationDate(request.date);
         if (!date) {
-            return Fault{.status = wrongUse, .text = u"la data non è valida: "_s + request.date};
+            return Fault{.status = exitStatus::wrongUse,
+                         .text = u"la data non è valida: "_s + request.date};
         }
     }
     Program program;
@@ -114,7 +113,7 @@ std::optional<Fault> writeTo(const ReportRequest& request, const ReportSubject& 
     // After that: of a pipe that only a process's own link leads to, comparing asks for a path that
     // is none, and the pipe counts as missing from then on.
     if (target.exists() && QFileInfo(request.file) == target) {
-        return Fault{.status = wrongUse,
+        return Fault{.status = exitStatus::wrongUse,
                      .text = u"il rapporto andrebbe sul file da leggere: "_s + path};
     }
     QSaveFile file(path);
@@ -149,11 +148,11 @@ std::optional<Fault> report(const ReportRequest& request, QIODevice& standardOut
 int writeReport(const ReportRequest& request, QIODevice& standardOutput, QTextStream& errors) {
     if (const auto fault = report(request, standardOutput)) {
         // A path may hold what a terminal obeys, too.
-        errors << "quor: " << printableName(fault->text) << '\n';
+        errors << "quor: " << printable(fault->text) << '\n';
         errors.flush();
         return fault->status;
     }
-    return success;
+    return exitStatus::success;
 }
 
 } // namespace quor

@@ -1,9 +1,9 @@
 #include "report/ReportCalendar.h"
 
 #include "core/Clock.h"
+#include "core/Printable.h"
 #include "core/Rounding.h"
 #include "report/DaySeries.h"
-#include "storage/NamedFile.h"
 
 #include <QUuid>
 
@@ -136,7 +136,7 @@ QString eventUid(const ReportSubject& subject, const CalendarEvent& event) {
 }
 
 void writeCalendar(const ReportSubject& subject, std::int32_t days, ReportStream& stream) {
-    const QString name = printableName(subject.name);
+    const QString name = printable(subject.name);
     const Component calendar = component(icalcomponent_new_vcalendar());
     const auto add = [](const Component& part, icalproperty* property) {
         icalcomponent_add_property(part.get(), property); // owns it from now on

@@ -1,7 +1,7 @@
 #include "report/ReportText.h"
 
+#include "core/Printable.h"
 #include "report/CompatibilityMatrix.h"
-#include "storage/NamedFile.h"
 
 #include <QStringList>
 
@@ -128,7 +128,7 @@ void writeForecast(TextPage& page, const Forecast& forecast, int extreme, DateVa
 void writePerson(TextPage& page, const ReportSubject& subject) {
     const ReportedPerson person = reportedPerson(subject.members.front(), subject.firstDay);
     const DateValue day = subject.firstDay;
-    page.line(page.fitted(u"Bioritmo di "_s + printableName(person.name), pageWidth));
+    page.line(page.fitted(u"Bioritmo di "_s + printable(person.name), pageWidth));
     page.line();
     page.line(u"  Data di nascita:      "_s + longDate(person.birthDay, page.locale()));
     page.line(u"  Data di calcolo:      "_s + longDate(day, page.locale()));
@@ -153,7 +153,7 @@ void writeMembers(TextPage& page, const ReportSubject& system) {
             return;
         }
         const DayState state = dayState(dayCount(member.birthDate, system.firstDay));
-        QString text = head(QString::number(++number), printableName(member.name)) +
+        QString text = head(QString::number(++number), printable(member.name)) +
                        shortDate(member.birthDate, page.locale()) + u"  "_s;
         for (const StateItem item : stateItems) {
             text += QString::number(shownValue(state.value(item))).rightJustified(4) + u' ' +
@@ -171,8 +171,8 @@ void writeMembers(TextPage& page, const ReportSubject& system) {
         }
         const Forecast forecast = personForecast(dayCount(member.birthDate, system.firstDay));
         const auto rows = forecastRows(forecast, system.firstDay, shortDate, page.locale());
-        page.line(head(QString::number(++number), printableName(member.name)) + rows[0].date +
-                  u"  "_s + rows[1].date + u"     "_s + rows[2].date);
+        page.line(head(QString::number(++number), printable(member.name)) + rows[0].date + u"  "_s +
+                  rows[1].date + u"     "_s + rows[2].date);
     }
 }
 
@@ -187,9 +187,8 @@ void writeSquare(TextPage& page, const ReportSubject& system, const Compatibilit
     }
     page.line(head);
     for (std::uint16_t row = 0; row < members; ++row) {
-        QString text =
-            u"%1  %2"_s.arg(QString::number(row + 1).rightJustified(2),
-                            page.fitted(printableName(system.members[row].name), nameWidth));
+        QString text = u"%1  %2"_s.arg(QString::number(row + 1).rightJustified(2),
+                                       page.fitted(printable(system.members[row].name), nameWidth));
         for (std::uint16_t column = 0; column < members; ++column) {
             QString cell = u"-"_s;
             if (row != column) {
@@ -225,7 +224,7 @@ void writeCompatibility(TextPage& page, const ReportSubject& system) {
     page.line(page.fitted(u"  Dalla più alta"_s, 2 * nameWidth + 2) +
               u"  Totale  Fisica Emotiva  Intel."_s);
     const auto name = [&](std::size_t member) {
-        return page.fitted(printableName(system.members[member].name), nameWidth);
+        return page.fitted(printable(system.members[member].name), nameWidth);
     };
     matrix.visitInOrder([&](const auto& value, std::span<const CompatibilityMatrix::Pair> pairs) {
         QString percentages;
@@ -248,7 +247,7 @@ void writeCompatibility(TextPage& page, const ReportSubject& system) {
 
 void writeSystem(TextPage& page, const ReportSubject& system) {
     const ReportedState mean = reportedMean(system);
-    page.line(page.fitted(u"Sistema "_s + printableName(system.name), pageWidth));
+    page.line(page.fitted(u"Sistema "_s + printable(system.name), pageWidth));
     page.line();
     page.line(u"  Membri:          %1"_s.arg(system.members.size()));
     page.line(u"  Data di calcolo: "_s + longDate(system.firstDay, page.locale()));

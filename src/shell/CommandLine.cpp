@@ -1,5 +1,7 @@
 #include "shell/CommandLine.h"
 
+#include "core/Printable.h"
+
 #include <QCommandLineParser>
 
 #include <algorithm>
@@ -19,8 +21,8 @@ struct Option {
     QString name;
     QString valueName{}; ///< empty for one without a value
     QString value{};     ///< what it wants, for a complaint; empty where it does without, too
-    QStringList
-        with{}; ///< the options one of which it stands with; empty for one that stands alone
+    /// The options one of which it stands with; empty for one that stands alone.
+    QStringList with{};
 };
 
 const std::vector<Option>& options() {
@@ -108,19 +110,6 @@ std::optional<QString> misfit(const QCommandLineParser& parser) {
     return std::nullopt;
 }
 
-/// What an argument brought along and would break the line, or be a command to the terminal, is
-/// shown as a question mark.
-QString inOneLine(QString text) {
-    std::ranges::replace_if(
-        text,
-        [](QChar c) {
-            return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
-                   c.category() == QChar::Separator_Paragraph;
-        },
-        u'?');
-    return text;
-}
-
 std::optional<ReportFormat> reportFormat(const QString& name) {
     const std::array<std::pair<QString, ReportFormat>, 4> formats{
         {{u"text"_s, ReportFormat::text},
@@ -140,7 +129,7 @@ std::optional<std::int32_t> reportDays(const QString& text) {
 }
 
 StartRequest wrong(const QString& text) {
-    return {.mode = StartMode::wrongUse, .text = inOneLine(text)};
+    return {.mode = StartMode::wrongUse, .text = printable(text)};
 }
 
 StartRequest exportRequest(const QCommandLineParser& parser) {

@@ -61,18 +61,7 @@ std::optional<QString> openNamedFile(const QString& path, Program& program) {
     if (QFile file(path); !openForReading(file)) {
         return u"il file non si può leggere: "_s + path;
     }
-    return isSystemFile(path) ? openSystem(path, program) : openBiorhythm(path, program);
-}
-
-QString printableName(const QString& name) {
-    QString printable = name;
-    const auto isCommand = [](QChar c) {
-        const auto category = c.category();
-        return category == QChar::Other_Control || category == QChar::Other_Format ||
-               category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
-    };
-    std::replace_if(printable.begin(), printable.end(), isCommand, u'?');
-    return printable;
+    return kind == FileKind::system ? openSystem(path, program) : openBiorhythm(path, program);
 }
 
 } // namespace quor

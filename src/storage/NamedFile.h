@@ -16,8 +16,4 @@ namespace quor {
 /// cannot be read, one without any person
 [[nodiscard]] std::optional<QString> openNamedFile(const QString& path, Program& program);
 
-/// A name or path as a terminal can take it: what is a command and no character (escape sequences,
-/// line ends, changes of the writing direction) is "?".
-[[nodiscard]] QString printableName(const QString& name);
-
 } // namespace quor
