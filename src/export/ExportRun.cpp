@@ -2,9 +2,7 @@
 
 #include "export/ExportPictures.h"
 #include "export/SummaryPage.h"
-#include "storage/LineNotation.h"
-
-#include <algorithm>
+#include "storage/WholeFile.h"
 
 using namespace Qt::StringLiterals;
 

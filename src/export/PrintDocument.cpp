@@ -2,16 +2,16 @@
 
 #include "export/PdfPages.h"
 #include "export/PrintQueueJob.h"
+#include "storage/WholeFile.h"
 #include "toolkit/Messages.h"
 #include "toolkit/PrintDialog.h"
 
 #include <QBuffer>
 #include <QDir>
-#include <QFileInfo>
+#include <QFile>
 #include <QPainter>
 #include <QPdfDocument>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -53,13 +53,7 @@ void writeFile(QWidget* parent, const PrintableDocument& document, QPdfDocument&
                const PrintChoice& choice) {
     const QByteArray pdf = selectPages(document.pdf, choice.pages).value_or(QByteArray());
     const QByteArray content = pdf.isEmpty() ? paintedPages(pages, choice.pages) : pdf;
-    // Nothing but a file makes way for a file.
-    const QFileInfo old(choice.file);
-    const bool hasPlace = !content.isEmpty() && (!old.exists() || old.isFile());
-    QSaveFile file(choice.file);
-    // Flushed by name: a commit that does it on the way does not notice that the disk is full.
-    if (!hasPlace || !file.open(QIODevice::WriteOnly) || file.write(content) != content.size() ||
-        !file.flush() || !file.commit()) {
+    if (content.isEmpty() || writeWholeFile(choice.file, content)) {
         reportFault(parent, u"Impossibile scrivere il file \"%1\"."_s.arg(
                                 QDir::toNativeSeparators(choice.file)));
     }

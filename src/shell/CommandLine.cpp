@@ -128,6 +128,7 @@ std::optional<std::int32_t> reportDays(const QString& text) {
     return isNumber && days >= 1 && days <= maximumReportDays ? std::optional(days) : std::nullopt;
 }
 
+/// An argument may hold what would break the line, or be a command to the terminal.
 StartRequest wrong(const QString& text) {
     return {.mode = StartMode::wrongUse, .text = printable(text)};
 }
@@ -245,14 +246,6 @@ QString usageText() {
 QString pathInCommandLineText(const QString& text) {
     const QString trimmed = text.trimmed();
     return trimmed.size() > 2 ? trimmed.sliced(1, trimmed.size() - 2) : QString();
-}
-
-FileKind fileKind(const QString& path) {
-    const QString ending = path.right(3).toLower();
-    if (ending == u"bio"_s) {
-        return FileKind::biorhythm;
-    }
-    return ending == u"brs"_s ? FileKind::system : FileKind::other;
 }
 
 } // namespace quor

@@ -2,6 +2,7 @@
 
 #include "export/ExportBatch.h"
 #include "report/Report.h"
+#include "storage/FileKind.h"
 
 #include <QString>
 #include <QStringList>
@@ -41,10 +42,5 @@ struct StartRequest {
 /// The path in a command-line text: blanks around it go, then its first and last character, which
 /// are taken to be the quotes without a look.
 [[nodiscard]] QString pathInCommandLineText(const QString& text);
-
-enum class FileKind : std::uint8_t { biorhythm, system, other };
-
-/// By the last three characters of the path, in any letter case.
-[[nodiscard]] FileKind fileKind(const QString& path);
 
 } // namespace quor

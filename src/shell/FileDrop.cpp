@@ -38,9 +38,8 @@ QString fileIn(const QMimeData* data) {
         return {};
     }
     const QString path = localPath(urls.constFirst());
-    const QFileInfo file(path);
-    const bool isOurs = fileKind(path) != FileKind::other && file.suffix().size() == 3;
-    return isOurs && file.isFile() ? path : QString();
+    const bool isOurs = fileKindByEnding(path) != FileKind::other;
+    return isOurs && QFileInfo(path).isFile() ? path : QString();
 }
 
 } // namespace

@@ -2,10 +2,6 @@
 
 #include "storage/Cp1252.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -279,25 +275,6 @@ bool LineReader::fill() {
     m_end += added;
     m_read += added;
     return true;
-}
-
-std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes) {
-    if (const QFileInfo old(path); old.exists() && !old.isFile() && !old.isDir()) {
-        return u"Non è un file: niente ne prende il posto."_s; // a pipe, a device
-    }
-    QSaveFile file(path);
-    // Flushing is asked for by name: a commit that flushes a small file itself does not notice a
-    // disk that is full, and would put the cut file in the old one's place.
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
-                         file.flush() && file.commit();
-    if (written) {
-        return std::nullopt;
-    }
-    return file.errorString();
-}
-
-bool openForReading(QFile& file) {
-    return QFileInfo(file.fileName()).isFile() && file.open(QIODevice::ReadOnly);
 }
 
 } // namespace quor

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/Dates.h"
+#include "storage/WholeFile.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QFile>
 #include <QIODevice>
 #include <QString>
 
@@ -91,13 +91,5 @@ class LineReader {
     qint64 m_read = 0;
     qint64 m_skipped = 0;
 };
-
-/// Writes a whole file in one step: after a failure the old file is still there, whole.
-/// @return nothing when the file was written, else the reason in the user's language
-[[nodiscard]] std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes);
-
-/// Opens a file for reading; false for anything but a regular file (a folder, a pipe that nobody
-/// fills), which could keep the program waiting.
-[[nodiscard]] bool openForReading(QFile& file);
 
 } // namespace quor

@@ -1,8 +1,9 @@
 #include "storage/NamedFile.h"
 
 #include "storage/BiorhythmFile.h"
-#include "storage/LineNotation.h"
+#include "storage/FileKind.h"
 #include "storage/SystemFile.h"
+#include "storage/WholeFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -16,17 +17,8 @@ namespace quor {
 
 namespace {
 
-bool isSystemFile(const QString& path) {
-    return path.endsWith(u".brs"_s, Qt::CaseInsensitive);
-}
-
-bool isBiorhythmFile(const QString& path) {
-    return path.endsWith(u".bio"_s, Qt::CaseInsensitive);
-}
-
 std::optional<QString> openSystem(const QString& path, Program& program) {
     readSystemFile(path, program);
-    program.state.systemFilePath = path;
     program.state.systemOpen = true;
     // What is left of a damaged file may hold members without a name and a birth.
     std::vector<SystemMember>& members = program.state.systemMembers;
@@ -51,7 +43,8 @@ std::optional<QString> openBiorhythm(const QString& path, Program& program) {
 
 std::optional<QString> openNamedFile(const QString& path, Program& program) {
     resetToStartUp(program);
-    if (!isSystemFile(path) && !isBiorhythmFile(path)) {
+    const FileKind kind = fileKindByEnding(path);
+    if (kind == FileKind::other) {
         return u"il file non è né un bioritmo (.bio) né un sistema (.brs): "_s + path;
     }
     if (!QFileInfo::exists(path)) {

@@ -3,6 +3,7 @@
 #include "storage/BiorhythmFile.h"
 #include "storage/LineNotation.h"
 #include "storage/SystemFile.h"
+#include "storage/WholeFile.h"
 
 #include <QCryptographicHash>
 #include <QDir>

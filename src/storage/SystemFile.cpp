@@ -2,6 +2,7 @@
 
 #include "storage/DateAndOptions.h"
 #include "storage/LineNotation.h"
+#include "storage/WholeFile.h"
 
 #include <QFile>
 

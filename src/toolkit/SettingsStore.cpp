@@ -1,6 +1,6 @@
 #include "toolkit/SettingsStore.h"
 
-#include "storage/LineNotation.h"
+#include "storage/WholeFile.h"
 
 #include <QDir>
 #include <QFile>

@@ -153,26 +153,6 @@ void TestCommandLine::firstAndLastCharacterGo() {
     QCOMPARE(pathInCommandLineText(text), path);
 }
 
-void TestCommandLine::endings_data() {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<int>("kind");
-    const auto row = [](const QString& path, FileKind kind) {
-        QTest::newRow(qPrintable(path)) << path << static_cast<int>(kind);
-    };
-    row(u"a.bio"_s, FileKind::biorhythm);
-    row(u"a.BIO"_s, FileKind::biorhythm);
-    row(u"a.Brs"_s, FileKind::system);
-    row(u"a.txt"_s, FileKind::other);
-    row(u"io"_s, FileKind::other);
-    row({}, FileKind::other);
-}
-
-void TestCommandLine::endings() {
-    QFETCH(QString, path);
-    QFETCH(int, kind);
-    QCOMPARE(static_cast<int>(fileKind(path)), kind);
-}
-
 void TestCommandLine::usageNamesEveryOptionAndFile() {
     for (const QString& line : usageText().split(u'\n')) {
         QVERIFY2(line.size() <= 80, qPrintable(line));

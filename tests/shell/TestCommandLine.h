@@ -15,8 +15,6 @@ class TestCommandLine : public Test {
     void textIsJoinedByBlanks();
     void firstAndLastCharacterGo_data();
     void firstAndLastCharacterGo();
-    void endings_data();
-    void endings();
     void usageNamesEveryOptionAndFile();
 };
 
