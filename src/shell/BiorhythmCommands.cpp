@@ -3,12 +3,12 @@
 #include "shell/MDIForm1.h"
 
 #include "core/Clock.h"
-#include "core/DateEntry.h"
 #include "guidance/FOpt.h"
 #include "guidance/FProcGuid.h"
 #include "shell/FIns.h"
 #include "storage/BiorhythmFile.h"
 #include "system/FProj.h"
+#include "toolkit/CalculationDate.h"
 #include "toolkit/FileDialogs.h"
 #include "toolkit/Messages.h"
 
@@ -184,12 +184,13 @@ void MDIForm1::applyBiorhythm() {
     biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
     if (m_program.state.systemOpen) {
         ensureSystemWindow()->addMember(biorhythm.name);
-        showCalculationDate(); // it may be another one even where the member was refused
+        // It may be another one even where the member was refused.
+        showCalculationDate(*this, biorhythm.calculationDate);
         return;
     }
     setStatusPanel(StatusPanel::person, u"Nome: "_s + biorhythm.name);
     setStatusPanel(StatusPanel::birth, u"Data di nascita: "_s + shortDate(biorhythm.birthDate));
-    showCalculationDate();
+    showCalculationDate(*this, biorhythm.calculationDate);
     for (const CommandInfo& info : commandTable()) {
         if (info.needs == Needs::biorhythm) {
             setCommandEnabled(info.command, true);
@@ -215,30 +216,20 @@ void MDIForm1::applyBiorhythm() {
 }
 
 void MDIForm1::moveCalculationDate() {
-    const QString typed =
-        askText(this,
-                u"Inserire la data di calcolo desiderata.\n"
-                "Un trucco: per la data di oggi, inserire semplicemente la parola 'oggi'."_s,
-                u"Inserimento"_s);
-    const auto date = acceptCalculationDate(typed);
+    const auto date = askCalculationDate(
+        this, u"Inserire la data di calcolo desiderata.\n"
+              "Un trucco: per la data di oggi, inserire semplicemente la parola 'oggi'."_s);
     if (!date) {
-        showError(this, u"La data inserita non è valida. Nessuna operazione eseguita."_s,
-                  u"Errore"_s);
         return;
     }
     closeViews();
     Biorhythm& biorhythm = m_program.biorhythm;
     biorhythm.calculationDate = *date;
-    showCalculationDate();
+    showCalculationDate(*this, *date);
     showInformation(this, u"La nuova data di calcolo è stata inserita."_s,
                     u"Operazione eseguita."_s);
     biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
     m_program.state.modified = true;
-}
-
-void MDIForm1::showCalculationDate() {
-    setStatusPanel(StatusPanel::calculation, u"Data in esame per il calcolo: "_s +
-                                                 shortDate(m_program.biorhythm.calculationDate));
 }
 
 } // namespace quor

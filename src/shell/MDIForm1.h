@@ -129,7 +129,6 @@ class MDIForm1 : public QMainWindow, public Frame {
     void saveBiorhythmAs();
     void askToCloseBiorhythm();
     void moveCalculationDate();
-    void showCalculationDate();
     void offerToday();
     [[nodiscard]] bool closedCurrentBiorhythm();
     FIns* ensureBiorhythmEntry();

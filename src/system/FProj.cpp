@@ -1,8 +1,8 @@
 #include "system/FProj.h"
 
-#include "core/DateEntry.h"
 #include "system/SystemOperations.h"
 #include "system/SystemTreeModel.h"
+#include "toolkit/CalculationDate.h"
 #include "toolkit/ImageList.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
@@ -299,20 +299,14 @@ void FProj::removeMember() {
 }
 
 void FProj::moveCalculationDate() {
-    const QString typed =
-        askText(this,
-                u"Inserire la data di calcolo desiderata.\n\n"
-                "Un trucco: per la data di oggi, inserire semplicemente la parola 'oggi'."_s,
-                u"Inserimento"_s);
-    const auto date = acceptCalculationDate(typed);
+    const auto date = askCalculationDate(
+        this, u"Inserire la data di calcolo desiderata.\n\n"
+              "Un trucco: per la data di oggi, inserire semplicemente la parola 'oggi'."_s);
     if (!date) {
-        showError(this, u"La data inserita non è valida. Nessuna operazione eseguita."_s,
-                  u"Errore"_s);
         return;
     }
     m_program.biorhythm.calculationDate = *date;
-    m_frame.setStatusPanel(StatusPanel::calculation,
-                           u"Data in esame per il calcolo: "_s + shortDate(*date));
+    showCalculationDate(m_frame, *date);
     showInformation(this,
                     u"La nuova data di calcolo è stata inserita.\n\n"
                     "ATTENZIONE: il contenuto delle finestre aperte NON cambierà finche saranno "

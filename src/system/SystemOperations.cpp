@@ -1,5 +1,7 @@
 #include "system/SystemOperations.h"
 
+#include "toolkit/CalculationDate.h"
+
 #include <algorithm>
 #include <initializer_list>
 
@@ -63,9 +65,7 @@ void showSystemStatus(const Program& program, Frame& frame) {
     }
     frame.setStatusPanel(StatusPanel::person, u"Nome: "_s + state.systemFilePath);
     frame.setStatusPanel(StatusPanel::birth, u"%1 bioritmi nel sistema"_s.arg(state.systemCount));
-    frame.setStatusPanel(StatusPanel::calculation,
-                         u"Data in esame per il calcolo: "_s +
-                             shortDate(program.biorhythm.calculationDate));
+    showCalculationDate(frame, program.biorhythm.calculationDate);
 }
 
 } // namespace quor
