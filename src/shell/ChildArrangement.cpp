@@ -7,8 +7,8 @@ namespace quor {
 
 namespace {
 
-/// Columns of windows: as many columns as the whole
-/// part of the root of the count, the last ones with a window more where they do not divide it.
+/// Columns of windows: as many as the whole part of the root of the count, the last ones with a
+/// window more where they do not divide it.
 QList<QRect> tile(QSize area, int count) {
     QList<QRect> places;
     if (count < 1) {

@@ -25,7 +25,7 @@ CommandStates::CommandStates() {
         m_commands.at(index(info.command)) = info.needs == Needs::nothing;
     }
     for (const ToolInfo& info : toolTable()) {
-        m_tools.at(toolIndex(info.position)) = !info.startsDisabled;
+        m_tools.at(info.index()) = !info.startsDisabled;
     }
     m_menus.fill(true);
 }

@@ -36,7 +36,7 @@ class CommandStates {
     [[nodiscard]] bool passes(Command command) const;
 
     std::array<bool, commandCount> m_commands{};
-    std::array<bool, 20> m_tools{};
+    std::array<bool, toolCount> m_tools{};
     std::array<bool, static_cast<std::size_t>(Menu::none)> m_menus{};
     bool m_locked = false;
     std::vector<Command> m_allowed;

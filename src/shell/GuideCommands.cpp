@@ -99,7 +99,7 @@ void MDIForm1::highlight(std::span<const Command> commands) {
     m_highlights.clear();
     for (const ToolInfo& info : toolTable()) {
         if (!info.isSeparator() && std::ranges::find(commands, info.command) != commands.end()) {
-            QAction* tool = m_tools.at(static_cast<std::size_t>(info.position) - 1);
+            QAction* tool = m_tools.at(info.index());
             m_highlights.push_back(new ToolHighlight(m_toolbar->widgetForAction(tool)));
         }
     }

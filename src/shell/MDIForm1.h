@@ -94,6 +94,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    // Its parts (FrameBuilding.cpp).
     void buildMenus();
     void buildToolbar();
     void buildStatusBar();
@@ -107,6 +108,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void openFile(const QString& path);
     /// True when the user has taken something back, which is then open.
     [[nodiscard]] bool recovered();
+
     // The views of the current biorhythm and their options (BiorhythmViews.cpp).
     /// One of the four view commands, refused with its message while there is no person.
     void openView(Command command);
@@ -119,6 +121,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void openWeeklyOptions();
     void openOptions();
 
+    // The windows inside it (FrameChildren.cpp).
     void arrangeChildren(Command command);
     [[nodiscard]] QList<QMdiSubWindow*> children(bool minimised) const;
 
@@ -142,6 +145,8 @@ class MDIForm1 : public QMainWindow, public Frame {
     [[nodiscard]] bool closedCurrent();
     FProj* ensureSystemWindow();
     void showLoadedSystem();
+
+    // The windows that export and print (ExportCommands.cpp).
     void closeExportAndPrint();
     void unlock();
 
@@ -168,7 +173,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     TitleBarStyle* m_titleBarStyle;
     QToolBar* m_toolbar = nullptr;
     std::array<QAction*, commandCount> m_actions{};
-    std::array<QAction*, 20> m_tools{};
+    std::array<QAction*, toolCount> m_tools{};
     std::array<QMenu*, static_cast<std::size_t>(Menu::none)> m_menus{};
     CommandStates m_states;
     RecentFiles* m_recentBiorhythms = nullptr;

@@ -61,7 +61,7 @@ constexpr ToolInfo separator(int position)
     return {position, nullptr, nullptr, Command::mnuEsci, false, false};
 }
 
-constexpr std::array<ToolInfo, 20> tools{{
+constexpr std::array<ToolInfo, toolCount> tools{{
     {1, "NuovoSistema", u"Calcola un nuovo sistema", Command::mnuNuovoSistema, false, false},
     {2, "ApriSistema", u"Apre un sistema", Command::mnuApriSistema, false, false},
     {3, "SalvaSistema", u"Salva il sistema", Command::mnuSalvaSistema, true, false},
@@ -92,7 +92,7 @@ static_assert([] {
         }
     }
     for (std::size_t i = 0; i < tools.size(); ++i) {
-        if (tools[i].position != static_cast<int>(i) + 1) {
+        if (tools[i].index() != i) {
             return false;
         }
     }

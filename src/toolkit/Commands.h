@@ -48,6 +48,9 @@ enum class Command : std::uint8_t {
 };
 inline constexpr std::size_t commandCount = 32;
 
+/// Positions of the toolbar.
+inline constexpr std::size_t toolCount = 20;
+
 /// The menus of the bar, in their order.
 enum class Menu : std::uint8_t { mnuFile, mnuBioritmi, mnuFinestre, mnuHelp, none };
 
@@ -81,13 +84,17 @@ struct ToolInfo {
     bool enabledByBiorhythm;
 
     [[nodiscard]] constexpr bool isSeparator() const { return key == nullptr; }
+    /// The position in an array of them all.
+    [[nodiscard]] constexpr std::size_t index() const {
+        return static_cast<std::size_t>(position) - 1;
+    }
 };
 
 [[nodiscard]] std::span<const MenuInfo> menuTable();
 /// In the order of the menus, then the options button's drop-down.
 [[nodiscard]] std::span<const CommandInfo> commandTable();
 [[nodiscard]] const CommandInfo& commandInfo(Command command);
-/// The toolbar's twenty positions in order.
+/// The toolbar's positions in order.
 [[nodiscard]] std::span<const ToolInfo> toolTable();
 
 } // namespace quor
