@@ -20,10 +20,6 @@ constexpr qsizetype longestPrefix = longestFileName - longestProduct - ofUnfinis
 
 constexpr qsizetype markDigits = 8;
 
-QString padded(int number, int width) {
-    return QString::number(number).rightJustified(width, u'0');
-}
-
 bool isForbidden(QChar character) {
     return u"/\\:*?\"<>|"_s.contains(character) || character.category() == QChar::Other_Control;
 }
@@ -85,8 +81,7 @@ QString baseName(const QString& path) {
 }
 
 QString exportDate(DateValue date) {
-    const QDate day = toQDate(date);
-    return padded(day.day(), 2) + u'-' + padded(day.month(), 2) + u'-' + padded(day.year(), 4);
+    return ShortDateFormat{.order = DateOrder::dayMonthYear, .separator = u'-'}.text(date);
 }
 
 QString exportPrefix(const Program& program, ExportScope scope, PageVariant variant) {

@@ -1,6 +1,7 @@
 #include "export/ExportPictures.h"
 
 #include "core/Rounding.h"
+#include "toolkit/Twips.h"
 #include "views/graph/GraphDrawing.h"
 #include "views/graph/WeekDrawing.h"
 
@@ -13,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace quor {
 
 namespace {
-
-constexpr double twipsPerPixel = 15;
 
 /// Pixels of the font: what reads well beside the curves, and what is still legible.
 constexpr int largestFont = 13;
@@ -71,7 +70,7 @@ Twips defaultScreen() {
 }
 
 Twips defaultPaper() {
-    constexpr double twipsPerMillimetre = 1440 / 25.4;
+    constexpr double twipsPerMillimetre = twipsPerInch / 25.4;
     return {.width = roundHalfEven(210 * twipsPerMillimetre),
             .height = roundHalfEven(297 * twipsPerMillimetre)};
 }

@@ -12,11 +12,11 @@
 /// The pictures of an export: the sheets of the graph and of the weekly state at a size of their
 /// own.
 ///
-/// They do not depend on the desktop: a twip is a fifteenth of a pixel, and the font is always the
-/// same one, as large as the picture has room for.
+/// They do not depend on the desktop: lengths are in twips, and the font is always the same one, as
+/// large as the picture has room for.
 namespace quor {
 
-/// An extent in twips, 1440 to the inch.
+/// An extent in twips, see `toolkit/Twips.h`.
 struct Twips {
     double width = 0;
     double height = 0;

@@ -3,6 +3,7 @@
 #include "export/ExportPictures.h"
 #include "export/FEsp.h"
 #include "export/Paper.h"
+#include "toolkit/Twips.h"
 
 #include <QScreen>
 
@@ -91,7 +92,7 @@ QSize exportPictureSize(PageVariant variant, const QWidget& window) {
     if (!points) {
         return pictureSize(variant, defaultPaper());
     }
-    constexpr double twipsPerPoint = 20;
+    constexpr double twipsPerPoint = twipsPerInch / 72;
     return pictureSize(variant, {.width = points->width() * twipsPerPoint,
                                  .height = points->height() * twipsPerPoint});
 }

@@ -2,8 +2,7 @@
 
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
-
-#include <QTextDocument>
+#include "toolkit/ToolTipText.h"
 
 #include "ui_FEspBio.h"
 
@@ -94,7 +93,7 @@ void FEspBio::setChoicesEnabled(bool enabled) {
 /// A line too long for the window keeps its end, the result, and can be read whole in its tip.
 void FEspBio::log(const QString& line) {
     auto* item = new QListWidgetItem(line, m_ui->List1);
-    item->setToolTip(Qt::convertFromPlainText(line));
+    item->setToolTip(toolTipText(line));
     m_ui->List1->scrollToBottom();
 }
 

@@ -10,7 +10,7 @@
 namespace quor {
 
 /// What a document's measures count in.
-constexpr double pointsPerInch = 72;
+inline constexpr double pointsPerInch = 72;
 
 /// The same document with only these pages, in this order; what they hold stays as it is, text
 /// stays text. Nothing when the document is not of the plain kind that the engine writes, or when

@@ -4,8 +4,6 @@
 #include "export/PrintDocument.h"
 #include "toolkit/ImageList.h"
 
-#include "ui_PreviewWindow.h"
-
 #include <QAction>
 #include <QKeySequence>
 #include <QPdfDocument>
@@ -20,6 +18,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+
+#include "ui_PreviewWindow.h"
 
 using namespace Qt::StringLiterals;
 

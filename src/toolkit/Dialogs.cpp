@@ -1,5 +1,6 @@
 #include "toolkit/Dialogs.h"
 
+#include "toolkit/BoxText.h"
 #include "toolkit/PrintDialog.h"
 
 #include <QColorDialog>
@@ -46,57 +47,22 @@ void makeRoomForTitle(QMessageBox& window) {
     }
 }
 
-/// The line with places to break in words that are longer than the path of a file usually is.
-QString breakable(const QString& line) {
-    constexpr qsizetype longestWord = 70;
-    constexpr qsizetype longestPiece = 50;
-    constexpr QChar breakHere(0x200B);
-    QStringList words = line.split(u' ');
-    for (QString& word : words) {
-        qsizetype end = word.size() > longestWord ? longestPiece : word.size();
-        for (; end < word.size(); end += longestPiece + 1) {
-            if (word[end].isLowSurrogate()) {
-                --end;
-            }
-            word.insert(end, breakHere);
-        }
-    }
-    return words.join(u' ');
-}
-
-/// The text with a gap in each line that is longer than anything said on purpose, and a place to
-/// break in words that would be wider than the box: whatever is named in it, the buttons stay on
-/// the screen.
-QString onScreen(const QString& text) {
-    constexpr qsizetype longestLine = 600;
-    constexpr qsizetype mostLines = 20;
-    QStringList lines = text.split(u'\n');
-    if (lines.size() > mostLines) {
-        lines = lines.first(mostLines) << u"…"_s;
-    }
-    for (QString& line : lines) {
-        if (line.size() > longestLine) {
-            const qsizetype half = longestLine / 2;
-            const bool inPair = line[half - 1].isHighSurrogate();
-            const bool endInPair = line[line.size() - half].isLowSurrogate();
-            line = line.first(inPair ? half - 1 : half) + u'…' +
-                   line.last(endInPair ? half - 1 : half);
-        }
-        line = breakable(line);
-    }
-    return lines.join(u'\n');
+/// What boxes with a text have in common.
+void dress(QMessageBox& window, QMessageBox::Icon boxIcon, const QString& title,
+           const QString& text) {
+    window.setIcon(boxIcon);
+    window.setWindowTitle(title);
+    // Texts hold names that people typed: never markup.
+    window.setTextFormat(Qt::PlainText);
+    window.setText(boxText(text));
+    makeRoomForTitle(window);
 }
 
 class RealDialogHost : public DialogHost {
   public:
     Answer message(QWidget* parent, const MessageBox& box) override {
         QMessageBox window(parent);
-        window.setIcon(icon(box.kind));
-        window.setWindowTitle(box.title);
-        // Texts hold names that people typed: never markup.
-        window.setTextFormat(Qt::PlainText);
-        window.setText(onScreen(box.text));
-        makeRoomForTitle(window);
+        dress(window, icon(box.kind), box.title, box.text);
         if (box.kind != BoxKind::question) {
             window.setStandardButtons(QMessageBox::Ok);
             window.exec();
@@ -110,11 +76,7 @@ class RealDialogHost : public DialogHost {
 
     qsizetype choice(QWidget* parent, const ChoiceBox& box) override {
         QMessageBox window(parent);
-        window.setIcon(QMessageBox::Question);
-        window.setWindowTitle(box.title);
-        window.setTextFormat(Qt::PlainText);
-        window.setText(onScreen(box.text));
-        makeRoomForTitle(window);
+        dress(window, QMessageBox::Question, box.title, box.text);
         QList<QAbstractButton*> buttons;
         for (const QString& caption : box.buttons) {
             const bool isFirst = buttons.isEmpty();

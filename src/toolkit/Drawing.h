@@ -17,6 +17,7 @@
 namespace quor {
 
 inline constexpr Colour black = 0x000000;
+inline constexpr Colour white = 0xFFFFFF;
 inline constexpr Colour gridGrey = 0x969696;
 
 enum class Pattern : std::uint8_t { solid, dash, dashDot, dashDotDot };

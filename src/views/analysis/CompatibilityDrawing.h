@@ -14,7 +14,6 @@ namespace quor {
 /// The ground of a panel: dark, since the text is white, and without a hue, since the curves may
 /// have any.
 inline constexpr Colour panelGround = 0x202020;
-inline constexpr Colour white = 0xFFFFFF;
 
 /// What one panel compares.
 struct ComparedCurves {

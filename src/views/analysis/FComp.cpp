@@ -5,14 +5,14 @@
 #include "toolkit/ShowHelp.h"
 #include "views/analysis/CompatibilityDrawing.h"
 
-#include "ui_FComp.h"
-
 #include <QListView>
 #include <QProxyStyle>
 #include <QStringListModel>
 #include <QStyleOption>
 
 #include <algorithm>
+
+#include "ui_FComp.h"
 
 using namespace Qt::StringLiterals;
 
@@ -104,7 +104,7 @@ void FComp::fillLists(const AppState& state) {
     for (const SystemMember& member : state.members()) {
         names << member.name;
         m_birthDates.push_back(member.birthDate);
-    });
+    }
     auto* model = new QStringListModel(names, this);
     auto* style = new DropDownListStyle;
     style->setParent(this);

@@ -1,17 +1,17 @@
 #include "views/graph/FGrphSet.h"
 
-#include "toolkit/DrawingPainter.h"
 #include "toolkit/PictureBox.h"
 #include "toolkit/ShowHelp.h"
+#include "toolkit/WornColour.h"
 #include "views/graph/FGrSetOpt.h"
 #include "views/graph/PictureFonts.h"
 #include "views/graph/WeekDrawing.h"
 
-#include "ui_FGrphSet.h"
-
 #include <QEvent>
 
 #include <algorithm>
+
+#include "ui_FGrphSet.h"
 
 using namespace Qt::StringLiterals;
 
@@ -111,13 +111,7 @@ void FGrphSet::redrawRow(WeekRow row) {
 /// Each label of the legend wears the colour that it explains.
 void FGrphSet::colourLegend() {
     const auto wear = [this](QLabel* label, DayClass state) {
-        const QColor background = toQColor(m_colours.at(static_cast<std::size_t>(state)));
-        QPalette palette = label->palette();
-        palette.setColor(QPalette::Window, background);
-        palette.setColor(QPalette::WindowText, readableOn(background));
-        label->setPalette(palette);
-        label->setBackgroundRole(QPalette::Window);
-        label->setAutoFillBackground(true);
+        wearColour(*label, m_colours.at(static_cast<std::size_t>(state)));
     };
     wear(m_ui->Label1_0, DayClass::optimal);
     wear(m_ui->Label1_1, DayClass::stable);

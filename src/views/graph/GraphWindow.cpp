@@ -1,15 +1,15 @@
 #include "views/graph/GraphWindow.h"
 
 #include "toolkit/BusyCursor.h"
-#include "toolkit/DrawingPainter.h"
+#include "toolkit/WornColour.h"
 #include "views/graph/FGrOpt.h"
 #include "views/graph/GraphDrawing.h"
 #include "views/graph/GraphText.h"
 #include "views/graph/PictureFonts.h"
 
-#include "ui_GraphWindow.h"
-
 #include <optional>
+
+#include "ui_GraphWindow.h"
 
 using namespace Qt::StringLiterals;
 
@@ -130,15 +130,7 @@ void GraphWindow::redraw() {
 /// Each box that stands for a curve wears its colour.
 void GraphWindow::colourCheckBoxes() {
     for (std::size_t i = 0; i < m_options.colours.size(); ++i) {
-        const QColor background = toQColor(m_options.colours.at(i));
-        const QColor foreground = readableOn(background);
-        QCheckBox* check = m_checks.at(i);
-        QPalette palette = check->palette();
-        palette.setColor(QPalette::Window, background);
-        palette.setColor(QPalette::WindowText, foreground);
-        check->setPalette(palette);
-        check->setBackgroundRole(QPalette::Window);
-        check->setAutoFillBackground(true);
+        wearColour(*m_checks.at(i), m_options.colours.at(i));
     }
 }
 

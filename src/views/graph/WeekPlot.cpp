@@ -1,6 +1,7 @@
 #include "views/graph/WeekPlot.h"
 
 #include "core/Rounding.h"
+#include "toolkit/Twips.h"
 
 #include <algorithm>
 
@@ -8,7 +9,6 @@ namespace quor {
 
 namespace {
 
-constexpr double twipsPerPixel = 1440.0 / 96.0;
 constexpr double reserve = 200 / twipsPerPixel;
 
 /// Pixels between two texts that are read as two.

@@ -34,11 +34,9 @@ struct WeekPlot {
 };
 
 /// The plot in a picture: a margin of a fortieth of the width and of the height all round, and
-/// below and to the right a reserve of 200 twips. Below the bars that leaves two reserves and a
-/// margin: room for a line of text, or for two in a small font. A twip is a fifteenth of a
-/// pixel whatever the screen (1440 to the inch, 96 pixels to the inch), so that a row has one
-/// geometry on the screen, in a saved picture and on paper. A picture too small for its margins
-/// gets bars without a size.
+/// below and to the right a reserve of 200 twips (`toolkit/Twips.h`). Below the bars that leaves
+/// two reserves and a margin: room for a line of text, or for two in a small font. A picture too
+/// small for its margins gets bars without a size.
 /// @param picture outer size in pixels
 [[nodiscard]] WeekPlot layOutWeek(QSize picture);
 
