@@ -9,12 +9,14 @@
 #include <QPolygon>
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
-namespace quor {
+namespace quor::bench {
 
-/// A drawing taken apart, in the order in which it is painted.
+/// A drawing taken apart into plain vectors, and a bare loop that paints it with nothing but the
+/// toolkit's own calls: the least that anybody has to do.
 struct Bare {
     enum class Kind : std::uint8_t { line, curve, box, outline, text };
     struct Step {
@@ -113,4 +115,4 @@ struct Bare {
     }
 };
 
-} // namespace quor
+} // namespace quor::bench

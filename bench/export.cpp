@@ -8,6 +8,7 @@
 // toolkit's own calls.
 
 #include "Bare.h"
+#include "Measure.h"
 #include "export/ExportPictures.h"
 #include "export/ExportRun.h"
 
@@ -17,12 +18,13 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
-#include <ctime>
 
 #include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 using namespace quor;
+using quor::bench::Bare;
+using quor::bench::processorMilliseconds;
 
 namespace {
 
@@ -33,12 +35,6 @@ long peakKibibytes() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     return usage.ru_maxrss;
-}
-
-double processorSeconds() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 Program systemOf(int persons) {
@@ -129,12 +125,12 @@ int main(int argc, char** argv) {
     double quorTime = 0;
     double bareTime = 0;
     while (!run.isOver()) {
-        double begin = processorSeconds();
+        double begin = processorMilliseconds();
         QStringList paths;
         for (int product = 0; product < productsOfAPerson; ++product) {
             paths << run.next().path;
         }
-        quorTime += processorSeconds() - begin;
+        quorTime += processorMilliseconds() - begin;
 
         BarePerson person;
         const auto add = [&](const ExportPicture& picture, qsizetype product) {
@@ -150,12 +146,12 @@ int main(int argc, char** argv) {
         }
         person.page = readFile(paths.constLast());
         person.pagePath = bareFolder.filePath(u"page%1.html"_s.arg(run.done()));
-        begin = processorSeconds();
+        begin = processorMilliseconds();
         if (!save(person)) {
             std::fputs("bench_export: the bare loop cannot write\n", stderr);
             return 1;
         }
-        bareTime += processorSeconds() - begin;
+        bareTime += processorMilliseconds() - begin;
 
         for (qsizetype product = 0; product < productsOfAPerson - 1; ++product) {
             const auto& bare = person.pictures.at(static_cast<std::size_t>(product)).path;
@@ -172,6 +168,6 @@ int main(int argc, char** argv) {
         }
     }
     std::printf("quor/bare %.3f (%.2f and %.2f ms of processor time a person)\n",
-                quorTime / bareTime, 1000 * quorTime / persons, 1000 * bareTime / persons);
+                quorTime / bareTime, quorTime / persons, bareTime / persons);
     return run.errorCount() == 0 ? 0 : 1;
 }

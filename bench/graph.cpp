@@ -5,6 +5,7 @@
 // interleaved at random, and the last lines compare the medians.
 
 #include "Bare.h"
+#include "Keeper.h"
 #include "toolkit/Drawing.h"
 #include "toolkit/DrawingPainter.h"
 #include "views/graph/GraphDrawing.h"
@@ -14,12 +15,9 @@
 #include <QPainter>
 #include <QPixmap>
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -63,7 +61,7 @@ void paintQuor(benchmark::State& state, const Case& c) {
 }
 
 void paintBare(benchmark::State& state, const Case& c) {
-    const Bare bare(graph(c), QGuiApplication::font());
+    const bench::Bare bare(graph(c), QGuiApplication::font());
     QPixmap pixmap = sheet(c);
     for ([[maybe_unused]] auto _ : state) {
         QPainter painter(&pixmap);
@@ -79,7 +77,7 @@ bool paintTheSame(const Case& c) {
         QPainter quorPainter(&quorPixmap);
         paint(quorPainter, graph(c));
         QPainter barePainter(&barePixmap);
-        Bare(graph(c), QGuiApplication::font()).paint(barePainter);
+        bench::Bare(graph(c), QGuiApplication::font()).paint(barePainter);
     }
     return quorPixmap.toImage() == barePixmap.toImage();
 }
@@ -88,42 +86,6 @@ std::string nameOf(const Case& c) {
     return std::to_string(c.daysAround) + "days/" + std::to_string(c.picture.width()) + "x" +
            std::to_string(c.picture.height());
 }
-
-/// Prints the medians and keeps the processor time of each repetition.
-class Keeper : public benchmark::ConsoleReporter {
-  public:
-    Keeper()
-        : ConsoleReporter(OO_Tabular) {}
-
-    void ReportRuns(const std::vector<Run>& runs) override {
-        std::vector<Run> shown;
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration) {
-                m_times[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
-            }
-            if (run.repetitions == 1 || run.aggregate_name == "median") {
-                shown.push_back(run);
-            }
-        }
-        if (!shown.empty()) {
-            ConsoleReporter::ReportRuns(shown);
-        }
-    }
-
-    [[nodiscard]] double median(const std::string& name) const {
-        const auto found = m_times.find(name);
-        if (found == m_times.end()) {
-            return 0;
-        }
-        std::vector<double> times = found->second;
-        const auto middle = times.begin() + std::ssize(times) / 2;
-        std::nth_element(times.begin(), middle, times.end());
-        return *middle;
-    }
-
-  private:
-    std::map<std::string, std::vector<double>> m_times;
-};
 
 } // namespace
 
@@ -155,12 +117,12 @@ int main(int argc, char** argv) {
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
         return 1;
     }
-    Keeper keeper;
+    bench::Keeper keeper(bench::Printed::median);
     benchmark::RunSpecifiedBenchmarks(&keeper);
     for (const Case& c : cases) {
-        const double bare = keeper.median("bare/" + nameOf(c));
+        const double bare = keeper.medianOf("bare/" + nameOf(c));
         if (bare > 0) {
-            const double quor = keeper.median("quor/" + nameOf(c));
+            const double quor = keeper.medianOf("quor/" + nameOf(c));
             std::printf("%-22s quor/bare %.3f (medians %.3f and %.3f ms)\n", nameOf(c).c_str(),
                         quor / bare, quor, bare);
         }

@@ -6,6 +6,7 @@
 // Clock times, as most of the work is done by other processes. The three are taken in turn.
 
 #include "BareFrame.h"
+#include "Measure.h"
 #include "core/Biorhythm.h"
 #include "export/ExportNames.h"
 #include "export/FStampaBio.h"
@@ -30,6 +31,8 @@
 #include <vector>
 
 using namespace Qt::StringLiterals;
+
+using quor::bench::median;
 
 namespace {
 
@@ -120,12 +123,6 @@ double millisecondsAlone(const QString& renderer, const QString& page, const QSt
         fail("the engine's program does not make the page");
     }
     return static_cast<double>(clock.nsecsElapsed()) * 1e-6;
-}
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
 }
 
 } // namespace

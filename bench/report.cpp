@@ -8,6 +8,7 @@
 // the medians of processor time are compared.
 
 #include "report/Report.h"
+#include "Measure.h"
 #include "core/Cycles.h"
 #include "report/CompatibilityMatrix.h"
 #include "report/ReportCsv.h"
@@ -21,10 +22,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <random>
 #include <span>
-#include <string_view>
 #include <vector>
 
 using namespace quor;
@@ -42,41 +41,11 @@ std::vector<SystemMember> spreadMembers(std::size_t count) {
     return members;
 }
 
-/// Milliseconds of processor time.
-template<typename Work> double measure(const Work& work) {
-    const auto now = [] {
-        std::timespec time{};
-        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
-    };
-    const double start = now();
-    work();
-    return now() - start;
-}
-
-double median(std::vector<double> times) {
-    const auto middle = times.begin() + std::ssize(times) / 2;
-    std::ranges::nth_element(times, middle);
-    return *middle;
-}
-
-/// Times both in turn and prints the median of the ratios.
+/// Times both in turn and prints how they stand to each other.
 template<typename Quor, typename Bare>
 void compare(const char* name, int rounds, const Quor& quor, const Bare& bare) {
-    std::vector<double> quorTimes;
-    std::vector<double> bareTimes;
-    std::vector<double> ratios;
-    for (int round = 0; round < rounds; ++round) {
-        const bool quorFirst = round % 2 == 0;
-        const double first = quorFirst ? measure(quor) : measure(bare);
-        const double second = quorFirst ? measure(bare) : measure(quor);
-        quorTimes.push_back(quorFirst ? first : second);
-        bareTimes.push_back(quorFirst ? second : first);
-        ratios.push_back(quorTimes.back() / bareTimes.back());
-    }
-    std::printf("%-15s %.3f (median of %d ratios, %.3f to %.3f; medians %.3f and %.3f ms)\n", name,
-                median(ratios), rounds, *std::ranges::min_element(ratios),
-                *std::ranges::max_element(ratios), median(quorTimes), median(bareTimes));
+    bench::compareTimes(
+        name, rounds, [&] { return bench::measure(quor); }, [&] { return bench::measure(bare); });
 }
 
 void writeTable(const ReportSubject& subject, const QString& path) {

@@ -4,25 +4,25 @@
 // them. Saving: writing the same bytes, made beforehand, in the same safe way. The two of a pair
 // are timed in turn, which of them first changes from round to round, and the medians are compared.
 
-#include "storage/LineNotation.h"
+#include "Measure.h"
 #include "storage/SystemFile.h"
+#include "storage/WholeFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 #include <fstream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace quor;
+using quor::bench::compareTimes;
+using quor::bench::measure;
 
 namespace {
 
@@ -47,44 +47,6 @@ Program fullSystem() {
              .birthDate = static_cast<double>(7'000 + i * 7919 % 36'525)});
     }
     return program;
-}
-
-double processorMilliseconds() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return 1e3 * static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_nsec);
-}
-
-template<typename Work> double timed(const Work& work) {
-    const double start = processorMilliseconds();
-    work();
-    return processorMilliseconds() - start;
-}
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + std::ssize(values) / 2;
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-/// Times both in turn and prints how the medians stand to each other.
-template<typename Quor, typename Bare>
-void compare(const char* name, int rounds, const Quor& quor, const Bare& bare) {
-    std::vector<double> quorTimes;
-    std::vector<double> bareTimes;
-    std::vector<double> ratios;
-    for (int round = 0; round < rounds; ++round) {
-        const bool quorFirst = round % 2 == 0;
-        const double first = quorFirst ? quor() : bare();
-        const double second = quorFirst ? bare() : quor();
-        quorTimes.push_back(quorFirst ? first : second);
-        bareTimes.push_back(quorFirst ? second : first);
-        ratios.push_back(quorTimes.back() / bareTimes.back());
-    }
-    std::printf("%s %.3f (median of %d ratios, %.3f to %.3f; medians %.3f and %.3f ms)\n", name,
-                median(ratios), rounds, *std::min_element(ratios.begin(), ratios.end()),
-                *std::max_element(ratios.begin(), ratios.end()), median(quorTimes),
-                median(bareTimes));
 }
 
 std::size_t countLines(const std::string& path) {
@@ -136,12 +98,12 @@ int main(int argc, char** argv) {
 
     const auto read = [&] {
         Program program; // taken down again outside the time
-        return timed([&] { readSystemFile(path, program); });
+        return measure([&] { readSystemFile(path, program); });
     };
-    const auto getline = [&] { return timed([&] { (void)countLines(narrowPath); }); };
-    const auto save = [&] { return timed([&] { (void)saveSystemFile(copy, full); }); };
-    const auto write = [&] { return timed([&] { (void)writeWholeFile(copy, bytes); }); };
-    compare("read/getline", rounds, read, getline);
-    compare("save/write", rounds, save, write);
+    const auto getline = [&] { return measure([&] { (void)countLines(narrowPath); }); };
+    const auto save = [&] { return measure([&] { (void)saveSystemFile(copy, full); }); };
+    const auto write = [&] { return measure([&] { (void)writeWholeFile(copy, bytes); }); };
+    compareTimes("read/getline", rounds, read, getline);
+    compareTimes("save/write", rounds, save, write);
     return 0;
 }

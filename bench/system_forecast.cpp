@@ -8,6 +8,7 @@
 // place in memory, into sums. Rounds are taken in turn, and the medians of processor time are
 // compared.
 
+#include "Measure.h"
 #include "core/Cycles.h"
 #include "core/Rounding.h"
 #include "core/SystemMean.h"
@@ -17,12 +18,13 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <random>
 #include <string_view>
 #include <vector>
 
 using namespace quor;
+using quor::bench::measure;
+using quor::bench::median;
 
 namespace {
 
@@ -106,24 +108,6 @@ class BareLoop {
     std::vector<double> m_values;
     std::array<double, block> m_sums{};
 };
-
-/// Milliseconds of processor time.
-template<typename Work> double measure(Work work) {
-    const auto now = [] {
-        std::timespec time{};
-        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
-    };
-    const double start = now();
-    work();
-    return now() - start;
-}
-
-double median(std::vector<double> times) {
-    const auto middle = times.begin() + std::ssize(times) / 2;
-    std::ranges::nth_element(times, middle);
-    return *middle;
-}
 
 /// A number from the command line; 0 if there is no such option.
 std::size_t option(int argc, char** argv, std::string_view name) {

@@ -4,17 +4,15 @@
 // member and day the three cycles and their mean with a sine for each value and adds them up. The
 // two results are compared and must be equal to the last bit.
 
+#include "Keeper.h"
 #include "core/Cycles.h"
 #include "views/graph/GraphSeries.h"
-
-#include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdio>
 #include <limits>
-#include <map>
 #include <random>
 #include <string>
 #include <vector>
@@ -104,39 +102,6 @@ void computeDirect(benchmark::State& state, const Case& c) {
     }
 }
 
-/// Keeps the processor time of each repetition.
-class Keeper : public benchmark::ConsoleReporter {
-  public:
-    Keeper()
-        : ConsoleReporter(OO_Tabular) {}
-
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            failed = failed || run.error_occurred;
-            if (run.run_type == Run::RT_Iteration) {
-                m_times[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
-            }
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-
-    [[nodiscard]] double median(const std::string& name) const {
-        const auto found = m_times.find(name);
-        if (found == m_times.end()) {
-            return 0;
-        }
-        std::vector<double> times = found->second;
-        const auto middle = times.begin() + std::ssize(times) / 2;
-        std::nth_element(times.begin(), middle, times.end());
-        return *middle;
-    }
-
-    bool failed = false;
-
-  private:
-    std::map<std::string, std::vector<double>> m_times;
-};
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -155,15 +120,15 @@ int main(int argc, char** argv) {
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
     }
-    Keeper keeper;
+    bench::Keeper keeper(bench::Printed::all);
     benchmark::RunSpecifiedBenchmarks(&keeper);
     for (const Case& c : cases) {
-        const double direct = keeper.median(std::string("direct/") + c.name);
-        const double quor = keeper.median(std::string("quor/") + c.name);
+        const double direct = keeper.medianOf(std::string("direct/") + c.name);
+        const double quor = keeper.medianOf(std::string("quor/") + c.name);
         if (direct > 0 && quor > 0) {
             std::printf("%-22s direct/quor %.0f (medians %.3f and %.3f ms)\n", c.name,
                         direct / quor, direct, quor);
         }
     }
-    return keeper.failed ? 1 : 0;
+    return keeper.hasFailed() ? 1 : 0;
 }

@@ -1,6 +1,7 @@
 // How long the system window takes to appear with the largest system, against a small one.
 
 #include "BareFrame.h"
+#include "Measure.h"
 #include "core/Biorhythm.h"
 #include "system/FProj.h"
 #include "system/SystemTreeModel.h"
@@ -14,10 +15,12 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <vector>
 
 using namespace Qt::StringLiterals;
+
+using quor::bench::median;
+using quor::bench::processorMilliseconds;
 
 namespace {
 
@@ -40,13 +43,6 @@ quor::Program programWith(int members) {
 [[noreturn]] void fail(const char* what) {
     std::fprintf(stderr, "%s\n", what);
     std::exit(EXIT_FAILURE);
-}
-
-/// Processor time of this process: on a busy machine the clock on the wall measures the others.
-double processorMilliseconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
 }
 
 /// From the program's data to a window that is painted and has answered a key.
@@ -74,12 +70,6 @@ double millisecondsToAnswer(quor::Program& program, QMdiArea& area, quor::bench:
     delete child;
     QCoreApplication::processEvents();
     return time;
-}
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
 }
 
 } // namespace
