@@ -1,5 +1,7 @@
 #include "toolkit/DrawingPainter.h"
 
+#include "toolkit/CurveStrips.h"
+
 #include <QFontMetrics>
 #include <QPaintEngine>
 #include <QPainter>
@@ -30,9 +32,9 @@ QList<qreal> dashes(Pattern pattern) {
 }
 
 /// Paints primitive after primitive and changes the painter's state only where it differs.
-class Brush {
+class PrimitivePainter {
   public:
-    explicit Brush(QPainter& painter)
+    explicit PrimitivePainter(QPainter& painter)
         : m_painter(painter)
         , m_font(painter.font())
         , m_boldFont(painter.font())
@@ -79,8 +81,6 @@ class Brush {
     }
 
   private:
-    static constexpr std::size_t pointsOfStrip = 16;
-
     void use(const Stroke& stroke) {
         if (m_stroke != stroke) {
             m_stroke = stroke;
@@ -92,9 +92,7 @@ class Brush {
         m_painter.drawPolyline(points.data(), static_cast<int>(points.size()));
     }
 
-    /// The toolkit fills the outline of a stroke that is wider than a pixel of the device in one
-    /// go, and the time for that grows with the square of the edges that cross one row of pixels:
-    /// seconds for a curve of some hundred days on a large picture.
+    /// Whether the curve is worth cutting and can be cut (see `CurveStrips`).
     [[nodiscard]] bool isPaintedInStrips(const Curve& curve) const {
         const QTransform device = m_painter.deviceTransform();
         return curve.points.size() > 4 * pointsOfStrip && device.type() <= QTransform::TxScale &&
@@ -104,59 +102,17 @@ class Brush {
                               [](QPoint a, QPoint b) { return a.x() < b.x(); });
     }
 
-    /// Paints a curve that runs from left to right strip by strip, each clipped to columns of
-    /// device pixels that belong to it alone, with as much of the curve beyond both edges as
-    /// reaches into it and its pattern taken up where it is. Every pixel gets what it gets from the
-    /// whole curve.
     void drawInStrips(const Curve& curve) {
-        const std::span<const QPoint> points(curve.points);
-        const QTransform device = m_painter.deviceTransform();
-        const int reach = 2 * curve.stroke.width; // of a stroke and its ends, generously
-        const qreal far = 1 << 20;
-        const auto firstFrom = [points](int x) {
-            const auto left = [x](QPoint point) { return point.x() < x; };
-            return static_cast<std::size_t>(
-                std::partition_point(points.begin(), points.end(), left) - points.begin());
-        };
-        /// Between two columns of the device.
-        const auto edgeNear = [&device](int x) {
-            return (std::round(device.m11() * x + device.dx()) - device.dx()) / device.m11();
-        };
-
-        QPen stripPen = toQPen(curve.stroke);
-        qreal length = 0; // of the curve up to the point `measured`
-        std::size_t measured = 0;
-        qreal left = points.front().x() - far;
-        for (std::size_t first = 0; first < points.size();) {
-            const std::size_t full = std::min(first + pointsOfStrip, points.size() - 1);
-            const int end = std::max(points[full].x(), points[first].x() + reach);
-            std::size_t next = firstFrom(end);
-            std::size_t to = firstFrom(end + reach + 1) + 1;
-            qreal right = edgeNear(end);
-            if (next + 1 >= points.size()) {
-                next = points.size();
-                to = next;
-                right = points.back().x() + far;
-            }
-            const std::size_t reaching = firstFrom(points[first].x() - reach);
-            const std::size_t from = reaching > 0 ? reaching - 1 : 0;
-            for (; measured < from; ++measured) {
-                const QPoint step = points[measured + 1] - points[measured];
-                length += std::hypot(step.x(), step.y());
-            }
+        QPen pen = toQPen(curve.stroke);
+        for (const CurveStrip& strip : cutIntoStrips(curve, m_painter.deviceTransform())) {
             if (curve.stroke.pattern != Pattern::solid) {
-                stripPen.setDashOffset(length / curve.stroke.width);
+                pen.setDashOffset(strip.begin / curve.stroke.width);
             }
-
             m_painter.save();
-            m_painter.setPen(stripPen);
-            m_painter.setClipRect(QRectF(QPointF(left, points.front().y() - far),
-                                         QPointF(right, points.front().y() + far)),
-                                  Qt::IntersectClip);
-            drawPolyline(points.subspan(from, std::min(to, points.size()) - from));
+            m_painter.setPen(pen);
+            m_painter.setClipRect(strip.columns, Qt::IntersectClip);
+            drawPolyline(strip.points);
             m_painter.restore();
-            left = right;
-            first = next;
         }
     }
 
@@ -227,16 +183,16 @@ QColor readableOn(const QColor& background) {
 
 void paint(QPainter& painter, const Drawing& drawing) {
     painter.save();
-    Brush brush(painter);
+    PrimitivePainter primitivePainter(painter);
     const Primitive* previous = nullptr;
     for (const Primitive& primitive : drawing.primitives) {
         if (previous != nullptr && !isHidden(*previous, primitive)) {
-            std::visit(brush, *previous);
+            std::visit(primitivePainter, *previous);
         }
         previous = &primitive;
     }
     if (previous != nullptr) {
-        std::visit(brush, *previous);
+        std::visit(primitivePainter, *previous);
     }
     painter.restore();
 }
