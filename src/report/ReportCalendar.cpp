@@ -36,6 +36,35 @@ QByteArray textOf(const Component& part) {
     return {text.get()};
 }
 
+/// The component owns the property from now on.
+void add(const Component& part, icalproperty* property) {
+    icalcomponent_add_property(part.get(), property);
+}
+
+/// A text as it stands in a property that the library does not know, and so leaves as it is: names
+/// have commas and semicolons.
+icalvalue* escapedText(const QString& text) {
+    const std::unique_ptr<icalvalue, decltype(&icalvalue_free)> value(
+        icalvalue_new_text(text.toUtf8().constData()), &icalvalue_free);
+    const std::unique_ptr<char, decltype(&icalmemory_free_buffer)> escaped(
+        icalvalue_as_ical_string_r(value.get()), &icalmemory_free_buffer);
+    return icalvalue_new_string(escaped.get());
+}
+
+/// A calendar without events.
+QByteArray emptyCalendar(const QString& title) {
+    const Component calendar = component(icalcomponent_new_vcalendar());
+    add(calendar, icalproperty_new_prodid("-//Quor//Quor//IT"));
+    add(calendar, icalproperty_new_version("2.0"));
+    add(calendar, icalproperty_new_calscale("GREGORIAN"));
+    icalproperty* const name = icalproperty_new_x("");
+    icalproperty_set_x_name(name, "X-WR-CALNAME");
+    icalproperty_set_value(name, escapedText(title));
+    add(calendar, name);
+    // No type that calendars know.
+    return textOf(calendar).replace("X-WR-CALNAME;VALUE=STRING:", "X-WR-CALNAME:");
+}
+
 QByteArray isoDate(std::int32_t dayNumber) {
     std::array<char, 10> text{};
     const char* const end = writeIsoDate(text.data(), dayNumber);
@@ -137,28 +166,9 @@ QString eventUid(const ReportSubject& subject, const CalendarEvent& event) {
 
 void writeCalendar(const ReportSubject& subject, std::int32_t days, ReportStream& stream) {
     const QString name = printable(subject.name);
-    const Component calendar = component(icalcomponent_new_vcalendar());
-    const auto add = [](const Component& part, icalproperty* property) {
-        icalcomponent_add_property(part.get(), property); // owns it from now on
-    };
-    add(calendar, icalproperty_new_prodid("-//Quor//Quor//IT"));
-    add(calendar, icalproperty_new_version("2.0"));
-    add(calendar, icalproperty_new_calscale("GREGORIAN"));
-    // Names have commas and semicolons, which the library leaves as they are in the text of a
-    // property that it does not know. So it gets the text ready made.
-    const std::unique_ptr<icalvalue, decltype(&icalvalue_free)> titleText(
-        icalvalue_new_text((u"Bioritmo di "_s + name).toUtf8().constData()), &icalvalue_free);
-    const std::unique_ptr<char, decltype(&icalmemory_free_buffer)> escaped(
-        icalvalue_as_ical_string_r(titleText.get()), &icalmemory_free_buffer);
-    icalproperty* const title = icalproperty_new_x("");
-    icalproperty_set_x_name(title, "X-WR-CALNAME");
-    icalproperty_set_value(title, icalvalue_new_string(escaped.get()));
-    add(calendar, title);
-
     // The events stand before the calendar's end, one after the other, so that a long calendar
     // takes no more memory than a short one.
-    QByteArray frame = textOf(calendar);
-    frame.replace("X-WR-CALNAME;VALUE=STRING:", "X-WR-CALNAME:"); // no type that calendars know
+    const QByteArray frame = emptyCalendar(u"Bioritmo di "_s + name);
     const qsizetype end = frame.lastIndexOf("END:VCALENDAR");
     stream.write(frame.first(end));
 

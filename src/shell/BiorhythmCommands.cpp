@@ -20,9 +20,8 @@ namespace quor {
 
 namespace {
 
-const QString& biorhythmFilter() {
-    static const QString filter = u"Bioritmic Files (*.bio) | *.bio"_s;
-    return filter;
+QString biorhythmFilter() {
+    return u"Bioritmic Files (*.bio) | *.bio"_s;
 }
 
 } // namespace

@@ -133,6 +133,12 @@ StartRequest wrong(const QString& text) {
     return {.mode = StartMode::wrongUse, .text = printable(text)};
 }
 
+/// Of an option that has a value, but none that it can use.
+StartRequest badValue(const QCommandLineParser& parser, const QString& name) {
+    return wrong(wants(*std::ranges::find(options(), name, &Option::name)) + u": "_s +
+                 parser.value(name));
+}
+
 StartRequest exportRequest(const QCommandLineParser& parser) {
     return {.mode = StartMode::exportFile,
             .batch = {.file = parser.value(u"export"_s),
@@ -151,16 +157,14 @@ StartRequest reportRequest(const QCommandLineParser& parser) {
     if (parser.isSet(u"format"_s)) {
         const auto format = reportFormat(parser.value(u"format"_s));
         if (!format) {
-            return wrong(u"l'opzione --format vuole text, json, csv o ics: "_s +
-                         parser.value(u"format"_s));
+            return badValue(parser, u"format"_s);
         }
         report.format = *format;
     }
     if (parser.isSet(u"days"_s)) {
         report.days = reportDays(parser.value(u"days"_s));
         if (!report.days) {
-            return wrong(u"l'opzione --days vuole un numero da 1 a %1: %2"_s.arg(
-                QString::number(maximumReportDays), parser.value(u"days"_s)));
+            return badValue(parser, u"days"_s);
         }
         if (report.format != ReportFormat::csv && report.format != ReportFormat::calendar) {
             return wrong(u"l'opzione --days vale solo con --format csv o ics"_s);

@@ -24,19 +24,16 @@ constexpr qsizetype longestPlace = 1024;
 /// Another program holds the lock for one small file; who waits longer waits for a broken disk.
 constexpr std::chrono::milliseconds longestWait(500);
 
-const QString& frameSection() {
-    static const QString name = u"[Frame]"_s;
-    return name;
+QString frameSection() {
+    return u"[Frame]"_s;
 }
 
-const QString& biorhythmSection() {
-    static const QString name = u"[RecentBiorhythms]"_s;
-    return name;
+QString biorhythmSection() {
+    return u"[RecentBiorhythms]"_s;
 }
 
-const QString& systemSection() {
-    static const QString name = u"[RecentSystems]"_s;
-    return name;
+QString systemSection() {
+    return u"[RecentSystems]"_s;
 }
 
 /// Nothing that would break a line or could not be shown in one.
