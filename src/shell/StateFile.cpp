@@ -158,9 +158,9 @@ StateFile::Contents StateFile::read() const {
 }
 
 void StateFile::write(const Contents& contents) const {
-    // Which files somebody opens is nobody else's affair. Where they cannot be remembered they are
-    // not, and nobody is told.
-    (void)writeWholeFile(m_path, written(contents), Readers::userOnly);
+    // Which files somebody opens is nobody else's affair. Where it cannot be written the old one
+    // stays: it is only memory.
+    (void)writeWholeFile(m_path, written(contents), Readers::onlyUser);
 }
 
 void StateFile::change(const std::function<void(Contents&)>& edit) const {

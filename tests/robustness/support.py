@@ -21,7 +21,18 @@ NOBODY = 65534
 SKIPPED = 77
 MOUNTED = "QUOR_ROBUSTNESS_MOUNTED"
 
+# Whoever starts a script with no surroundings has neither.
+os.environ.setdefault("PATH", os.defpath)
+PYTHON = sys.executable or os.readlink("/proc/self/exe")
+
 tried = {}
+
+
+def build_folder():
+    """The first argument, or where the preset "release" builds."""
+    if len(sys.argv) > 1 and not sys.argv[1].startswith("-"):
+        return pathlib.Path(sys.argv[1]).absolute()
+    return pathlib.Path(__file__).absolute().parents[2] / "build" / "release"
 
 
 def count(what, number=1):
@@ -38,7 +49,7 @@ def enter_own_mounts():
         if shutil.which("unshare") and not subprocess.run(
                 probe, capture_output=True, check=False).returncode:
             os.environ[MOUNTED] = "yes"
-            os.execvp(command[0], [*command, sys.executable, "-B", *sys.argv])
+            os.execvp(command[0], [*command, PYTHON, "-B", *sys.argv])
     os.environ[MOUNTED] = ""
 
 
@@ -59,6 +70,12 @@ def is_really_root():
     if os.geteuid() != 0:
         return False
     return pathlib.Path("/proc/self/uid_map").read_text().split()[2] != "1"
+
+
+def can_trace():
+    return shutil.which("strace") and not subprocess.run(
+        ["strace", "-f", "-qq", "-o", "/dev/null", "true"], capture_output=True,
+        check=False).returncode
 
 
 def become_nobody():

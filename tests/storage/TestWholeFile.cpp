@@ -53,7 +53,7 @@ void TestWholeFile::readersAreKeptOrNone() {
     QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | others));
     QCOMPARE(writeWholeFile(path, "new"), std::nullopt);
     QCOMPARE(QFileInfo(path).permissions() & others, others);
-    QCOMPARE(writeWholeFile(path, "newer", Readers::userOnly), std::nullopt);
+    QCOMPARE(writeWholeFile(path, "newer", Readers::onlyUser), std::nullopt);
     QCOMPARE(QFileInfo(path).permissions() & others, QFile::Permissions());
 }
 
