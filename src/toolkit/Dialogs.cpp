@@ -21,6 +21,7 @@ QMessageBox::Icon icon(BoxKind kind) {
     case BoxKind::information:
         return QMessageBox::Information;
     case BoxKind::warning:
+    case BoxKind::loss:
         return QMessageBox::Warning;
     case BoxKind::error:
         return QMessageBox::Critical;
@@ -97,13 +98,13 @@ class RealDialogHost : public DialogHost {
         window.setTextFormat(Qt::PlainText);
         window.setText(onScreen(box.text));
         makeRoomForTitle(window);
-        if (box.kind != BoxKind::question) {
+        if (box.kind != BoxKind::question && box.kind != BoxKind::loss) {
             window.setStandardButtons(QMessageBox::Ok);
             window.exec();
             return Answer::ok;
         }
         window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        window.setDefaultButton(QMessageBox::Yes);
+        window.setDefaultButton(box.kind == BoxKind::loss ? QMessageBox::No : QMessageBox::Yes);
         window.setEscapeButton(QMessageBox::No);
         return window.exec() == QMessageBox::Yes ? Answer::yes : Answer::no;
     }
