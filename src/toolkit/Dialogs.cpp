@@ -1,14 +1,19 @@
 #include "toolkit/Dialogs.h"
 
+#include "toolkit/ImageList.h"
 #include "toolkit/PrintDialog.h"
 
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QIcon>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyle>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,19 +21,41 @@ namespace quor {
 
 namespace {
 
-QMessageBox::Icon icon(BoxKind kind) {
+/// What tells one kind of box from another at a glance.
+struct BoxPicture {
+    QMessageBox::Icon icon;
+    QString themeName; ///< of the desktop's picture
+    QString key;       ///< of ours
+};
+
+BoxPicture boxPicture(BoxKind kind) {
     switch (kind) {
     case BoxKind::information:
-        return QMessageBox::Information;
+        return {QMessageBox::Information, u"dialog-information"_s, u"ImmInformazione"_s};
     case BoxKind::warning:
     case BoxKind::loss:
-        return QMessageBox::Warning;
+        return {QMessageBox::Warning, u"dialog-warning"_s, u"ImmAvviso"_s};
     case BoxKind::error:
-        return QMessageBox::Critical;
+        return {QMessageBox::Critical, u"dialog-error"_s, u"ImmErrore"_s};
     case BoxKind::question:
         break;
     }
-    return QMessageBox::Question;
+    return {QMessageBox::Question, u"dialog-question"_s, u"ImmDomanda"_s};
+}
+
+/// Where the desktop has no picture the toolkit has one of few pixels, which a fine screen
+/// magnifies and a large font dwarfs.
+void setPicture(QMessageBox& window, BoxKind kind) {
+    const BoxPicture used = boxPicture(kind);
+    window.setIcon(used.icon);
+    if (!QIcon::hasThemeIcon(used.themeName)) {
+        const int size =
+            std::max(window.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &window),
+                     2 * window.fontMetrics().height());
+        const QWidget* parent = window.parentWidget();
+        const qreal ratio = (parent != nullptr ? parent : &window)->devicePixelRatioF();
+        window.setIconPixmap(picture(used.key).pixmap(QSize(size, size), ratio));
+    }
 }
 
 /// "*.ext" of "Description (*.ext) | *.ext".
@@ -92,7 +119,7 @@ class RealDialogHost : public DialogHost {
   public:
     Answer message(QWidget* parent, const MessageBox& box) override {
         QMessageBox window(parent);
-        window.setIcon(icon(box.kind));
+        setPicture(window, box.kind);
         window.setWindowTitle(box.title);
         // Texts hold names that people typed: never markup.
         window.setTextFormat(Qt::PlainText);
@@ -111,7 +138,7 @@ class RealDialogHost : public DialogHost {
 
     qsizetype choice(QWidget* parent, const ChoiceBox& box) override {
         QMessageBox window(parent);
-        window.setIcon(QMessageBox::Question);
+        setPicture(window, BoxKind::question);
         window.setWindowTitle(box.title);
         window.setTextFormat(Qt::PlainText);
         window.setText(onScreen(box.text));

@@ -250,6 +250,14 @@ void TestWindows::boxesHaveNoFaults_data() {
     QTest::newRow("question") << Open([](QWidget* parent) {
         dialogHost().message(parent, {BoxKind::question, u"Chiudere?"_s, u"Conferma"_s});
     });
+    QTest::newRow("loss") << Open([](QWidget* parent) {
+        dialogHost().message(parent, {BoxKind::loss, u"Eliminare?"_s, u"Conferma"_s});
+    });
+    QTest::newRow("choice") << Open([](QWidget* parent) {
+        dialogHost().choice(parent, {.text = u"Recuperare?"_s,
+                                     .title = u"Recupero"_s,
+                                     .buttons = {u"&Recupera"_s, u"&Elimina"_s, u"&Più tardi"_s}});
+    });
     QTest::newRow("input") << Open(
         [](QWidget* parent) { dialogHost().input(parent, u"La data?"_s, u"Inserimento"_s); });
 }
