@@ -104,6 +104,8 @@ Recovery::Recovery(Program& program, const QString& folder, QObject* parent)
     auto* timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &Recovery::update);
     timer->start(interval);
+    // A desktop that ends the session asks for this first, and may not wait after it.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &Recovery::update);
 }
 
 Recovery::Taken Recovery::offer(QWidget* parent) {
