@@ -11,8 +11,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileDialog>
+#include <QFileIconProvider>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
@@ -128,6 +131,12 @@ void TestWindows::boxesGoThroughTheirDoor() {
     }
     files.sort();
     QCOMPARE(files, (QStringList{u"Dialogs.cpp"_s, u"SystemPrintDialog.cpp"_s}));
+}
+
+void TestWindows::theToolkitSpeaksItalian() {
+    QCOMPARE(QFileIconProvider().type(QFileInfo(QDir::tempPath())), u"Cartella"_s);
+    QCOMPARE(QFileDialog::tr("Folder"), u"Cartella"_s);
+    QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), u"Annulla"_s);
 }
 
 void TestWindows::hasNoFaults_data() {
