@@ -179,6 +179,6 @@ class ReadFaultsTest(Place):
 
 
 if __name__ == "__main__":
-    BUILD = pathlib.Path(sys.argv[1]).absolute()
+    BUILD = support.within_reach(sys.argv[1], "quor", "robustness_driver")
     support.main(lambda tests, bad, skipped: f"{support.tried.get('files', 0)} files that are not "
                  f"what they should be, {bad} tests wrong, {skipped} skipped")

@@ -409,6 +409,6 @@ class ProductsTest(WriteFaultsTest):
 
 if __name__ == "__main__":
     support.enter_own_mounts()
-    BUILD = pathlib.Path(sys.argv[1]).absolute()
+    BUILD = support.within_reach(sys.argv[1], "quor", "robustness_driver")
     support.main(lambda tests, bad, skipped: f"{support.tried.get('faults', 0)} faults while "
                  f"writing, {bad} wrong, {skipped} tests skipped")
