@@ -7,9 +7,11 @@
 #include <QFileDevice>
 #include <QFileInfo>
 #include <QHelpEngine>
+#include <QHelpSearchEngine>
 #include <QString>
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -62,6 +64,12 @@ HelpCollection::HelpCollection(const QString& file, const QString& copies) {
         m_engine->setUsesFilterEngine(true);
         m_readable = m_engine->setupData() && !m_engine->fileData(helpPageUrl({})).isEmpty();
     }
+    QHelpSearchEngine* searches = m_engine->searchEngine();
+    connect(searches, &QHelpSearchEngine::indexingFinished, this, [this] {
+        m_indexed = true;
+        startSearch();
+    });
+    connect(searches, &QHelpSearchEngine::searchingFinished, this, &HelpCollection::finishSearch);
 }
 
 HelpCollection::~HelpCollection() {
@@ -69,6 +77,38 @@ HelpCollection::~HelpCollection() {
     if (m_ownFolder == nullptr && !m_folder.isEmpty()) {
         QDir(m_folder).removeRecursively();
     }
+}
+
+void HelpCollection::makeSearchIndex() {
+    m_engine->searchEngine()->scheduleIndexDocumentation();
+}
+
+void HelpCollection::search(const QString& expression) {
+    m_nextSearch = expression;
+    startSearch();
+}
+
+void HelpCollection::startSearch() {
+    if (m_indexed && !m_searching && !m_nextSearch.isEmpty()) {
+        m_searching = true;
+        m_engine->searchEngine()->search(std::exchange(m_nextSearch, {}));
+    }
+}
+
+void HelpCollection::finishSearch(int pages) {
+    m_searching = false;
+    if (m_nextSearch.isEmpty()) {
+        emit found(pages);
+    }
+    startSearch();
+    if (!m_searching) {
+        emit searchEnded();
+    }
+}
+
+void HelpCollection::endSearches() {
+    m_nextSearch.clear();
+    m_engine->searchEngine()->cancelIndexing();
 }
 
 } // namespace quor

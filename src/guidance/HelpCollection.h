@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -17,12 +18,14 @@ namespace quor {
 ///
 /// The toolkit remembers the path of every collection it has ever opened. Who opens one again and
 /// again therefore gives a folder for the copies, where the paths come back.
-class HelpCollection {
+class HelpCollection : public QObject {
+    Q_OBJECT
+
   public:
     /// @param file "Quor.qhc", with "Quor.qch" beside it
     /// @param copies an existing folder, nobody else's; for none the copy has one of its own
     explicit HelpCollection(const QString& file, const QString& copies = {});
-    ~HelpCollection();
+    ~HelpCollection() override;
     HelpCollection(const HelpCollection&) = delete;
     HelpCollection& operator=(const HelpCollection&) = delete;
     HelpCollection(HelpCollection&&) = delete;
@@ -32,11 +35,33 @@ class HelpCollection {
     [[nodiscard]] bool isReadable() const { return m_readable; }
     [[nodiscard]] QHelpEngine& engine() { return *m_engine; }
 
+    /// Makes the index that a search needs, in a thread.
+    void makeSearchIndex();
+    /// Searches all pages, in a thread, as soon as the index is there and the search before has
+    /// ended. Of those that have to wait the last counts.
+    /// @param expression in the language of the search engine
+    void search(const QString& expression);
+    /// Nobody waits for a result any more. The thread of a search cannot be stopped and must not
+    /// lose the engine: this object has to live until `searchEnded`.
+    void endSearches();
+    [[nodiscard]] bool isSearching() const { return m_searching; }
+
+  signals:
+    /// What was searched for last is found on so many pages, which the search engine has.
+    void found(int pages);
+    void searchEnded();
+
   private:
+    void startSearch();
+    void finishSearch(int pages);
+
     std::unique_ptr<QTemporaryDir> m_ownFolder; ///< where no folder for the copies was given
     QString m_folder;                           ///< with the copy; empty when it cannot be made
     std::unique_ptr<QHelpEngine> m_engine;
     bool m_readable = false;
+    bool m_indexed = false;
+    bool m_searching = false;
+    QString m_nextSearch; ///< empty for none
 };
 
 } // namespace quor

@@ -5,11 +5,17 @@
 #include "guidance/HelpWindow.h"
 #include "toolkit/Messages.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QString>
+#include <QTimer>
 
+#include <algorithm>
+#include <chrono>
 #include <memory>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +23,7 @@ namespace quor {
 
 HelpService::~HelpService() {
     delete m_window;
+    awaitSearches();
 }
 
 void HelpService::openHelp(QWidget* window, const QString& helpPath) {
@@ -42,7 +49,7 @@ void HelpService::openHelp(QWidget* window, const QString& helpPath) {
             return;
         }
         delete m_window;
-        m_window = new HelpWindow(std::move(collection));
+        m_window = makeWindow(std::move(collection));
         m_collectionFile = file;
     }
     m_window->showPage(address.page);
@@ -50,6 +57,35 @@ void HelpService::openHelp(QWidget* window, const QString& helpPath) {
     m_window->show();
     m_window->raise();
     m_window->activateWindow();
+}
+
+HelpWindow* HelpService::makeWindow(std::unique_ptr<HelpCollection> collection) {
+    const std::shared_ptr<HelpCollection>& kept = m_collections.emplace_back(std::move(collection));
+    auto* window = new HelpWindow(kept);
+    connect(window, &QObject::destroyed, this, &HelpService::dropClosedCollections);
+    // Not from within its own signal.
+    connect(kept.get(), &HelpCollection::searchEnded, this, &HelpService::dropClosedCollections,
+            Qt::QueuedConnection);
+    return window;
+}
+
+void HelpService::dropClosedCollections() {
+    std::erase_if(m_collections, [](const std::shared_ptr<HelpCollection>& collection) {
+        return collection.use_count() == 1 && !collection->isSearching();
+    });
+}
+
+/// Only what was asked for just before the program's end; searches are short.
+void HelpService::awaitSearches() {
+    constexpr std::chrono::seconds longest(5);
+    QTimer bound;
+    bound.setSingleShot(true);
+    bound.start(longest);
+    while (bound.isActive() &&
+           std::ranges::any_of(m_collections, [](const auto& c) { return c->isSearching(); })) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                        QEventLoop::WaitForMoreEvents);
+    }
 }
 
 HelpWindow* HelpService::window() const {

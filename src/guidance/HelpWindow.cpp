@@ -35,14 +35,12 @@
 #include <QTabWidget>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTimer>
 #include <QToolBar>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWindow>
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -91,7 +89,7 @@ QModelIndex entryOf(const QHelpContentModel& contents, const QUrl& url,
 
 } // namespace
 
-HelpWindow::HelpWindow(std::unique_ptr<HelpCollection> collection)
+HelpWindow::HelpWindow(std::shared_ptr<HelpCollection> collection)
     : m_collection(std::move(collection)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(u"HelpWindow"_s);
@@ -122,23 +120,16 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpCollection> collection)
     buildToolbar();
     resize(size);
 
-    m_collection->engine().searchEngine()->scheduleIndexDocumentation();
+    m_collection->makeSearchIndex();
     m_browser->setFocus();
 }
 
 HelpWindow::~HelpWindow() {
     // Everything that shows the collection goes before it.
     disconnect(m_browser, nullptr, this, nullptr);
-    m_collection->engine().searchEngine()->cancelIndexing();
+    disconnect(m_collection.get(), nullptr, this, nullptr);
+    m_collection->endSearches();
     delete takeCentralWidget();
-    if (m_searched) {
-        // The toolkit's search is a thread that must not lose its object before it has begun, and
-        // does not say when it has; once it runs, it is waited for. A program that ends before
-        // takes it along.
-        constexpr std::chrono::seconds begun(1);
-        QTimer::singleShot(begun, qApp,
-                           [collection = m_collection.release()] { delete collection; });
-    }
 }
 
 void HelpWindow::buildToolbar() {
@@ -263,14 +254,7 @@ QWidget* HelpWindow::buildSearch() {
     };
     connect(m_results, &QListWidget::itemClicked, this, open);
     connect(m_results, &QListWidget::itemActivated, this, open);
-    QHelpSearchEngine* engine = m_collection->engine().searchEngine();
-    connect(engine, &QHelpSearchEngine::indexingFinished, this, [this] {
-        m_indexed = true;
-        if (std::exchange(m_searchWaits, false)) {
-            search();
-        }
-    });
-    connect(engine, &QHelpSearchEngine::searchingFinished, this, &HelpWindow::showResults);
+    connect(m_collection.get(), &HelpCollection::found, this, &HelpWindow::showResults);
 
     auto* page = new QWidget;
     page->setFocusProxy(m_searchText);
@@ -402,16 +386,7 @@ void HelpWindow::search() {
         return;
     }
     m_searchNote->setText(u"Ricerca in corso..."_s);
-    if (m_indexed) {
-        startSearch(expression);
-    } else {
-        m_searchWaits = true;
-    }
-}
-
-void HelpWindow::startSearch(const QString& expression) {
-    m_searched = true;
-    m_collection->engine().searchEngine()->search(expression);
+    m_collection->search(expression);
 }
 
 void HelpWindow::showResults(int count) {

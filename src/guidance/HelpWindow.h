@@ -23,8 +23,9 @@ class HelpWindow : public QMainWindow {
     Q_OBJECT
 
   public:
-    /// @param collection a readable one
-    explicit HelpWindow(std::unique_ptr<HelpCollection> collection);
+    /// @param collection a readable one. Who lets somebody search in it keeps it until the last
+    ///   search has ended, also when the window is gone.
+    explicit HelpWindow(std::shared_ptr<HelpCollection> collection);
     ~HelpWindow() override;
     HelpWindow(const HelpWindow&) = delete;
     HelpWindow& operator=(const HelpWindow&) = delete;
@@ -52,12 +53,11 @@ class HelpWindow : public QMainWindow {
     void findInPage(bool backward);
 
     void search();
-    void startSearch(const QString& expression);
     void showResults(int count);
 
     void keepUsable();
 
-    std::unique_ptr<HelpCollection> m_collection;
+    std::shared_ptr<HelpCollection> m_collection;
     HelpBrowser* m_browser = nullptr;
     QTabWidget* m_tabs = nullptr;
     QWidget* m_findBar = nullptr;
@@ -66,9 +66,6 @@ class HelpWindow : public QMainWindow {
     QLineEdit* m_searchText = nullptr;
     QLabel* m_searchNote = nullptr;
     QListWidget* m_results = nullptr;
-    bool m_indexed = false;     ///< the full-text index is there
-    bool m_searched = false;    ///< a thread of the toolkit's may still be about to begin
-    bool m_searchWaits = false; ///< a search was asked for before
 };
 
 } // namespace quor

@@ -251,7 +251,7 @@ void TestHelpService::searchFindsInversione() {
 }
 
 /// The thread of a search that has only just been started finds its object gone, now and then,
-/// unless the collection outlives the window.
+/// unless the collection outlives the window; and it must be gone when the program ends.
 void TestHelpService::closesWhileItSearches() {
     for (int i = 0; i < 8; ++i) {
         HelpService help;
@@ -268,10 +268,11 @@ void TestHelpService::closesWhileItSearches() {
         const QPointer<QWidget> viewer = field;
         delete help.window();
         QVERIFY(viewer.isNull());
-        QTest::qWait(50);
+        if (i % 2 == 0) { // else the program ends at once
+            QTest::qWait(50);
+        }
         QCOMPARE(found.count(), 0);
     }
-    QTest::qWait(1100); // the last one goes
 }
 
 void TestHelpService::searchTakesAnyText() {
