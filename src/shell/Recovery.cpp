@@ -21,29 +21,49 @@ QString title() {
     return u"Recupero"_s;
 }
 
-/// A name or path of any length, in a box that is no wider than its text needs.
-QString shortened(const QString& text) {
-    constexpr qsizetype longest = 70;
-    constexpr qsizetype half = longest / 2;
-    return text.size() <= longest ? text : text.first(half) + u'…' + text.last(half);
+/// Characters that stand on one line of a box in an ordinary font.
+constexpr qsizetype longestLine = 60;
+
+/// The first characters, and a mark that there are more.
+QString beginning(const QString& text, qsizetype size) {
+    if (text.size() <= size) {
+        return text;
+    }
+    const qsizetype end = size - 1;
+    return text.first(text[end].isLowSurrogate() ? end - 1 : end) + u'…';
+}
+
+/// The file's own name is what is looked for in a path: folders give way to it.
+QString shortened(const QString& path, qsizetype size) {
+    if (path.size() <= size) {
+        return path;
+    }
+    const QString name = path.sliced(path.lastIndexOf(u'/') + 1);
+    const qsizetype rest = size - name.size() - 1; // a slash
+    return rest < 1 ? beginning(name, size)
+                    : beginning(path.chopped(name.size() + 1), rest) + u'/' + name;
 }
 
 QString whose(const LeftWork& left) {
     if (!left.work.isSystem) {
-        return u"Bioritmo di %1"_s.arg(shortened(left.name));
+        const QString head = u"Bioritmo di "_s;
+        return left.name.isEmpty() ? u"Bioritmo senza nome"_s
+                                   : head + beginning(left.name, longestLine - head.size());
     }
     return left.members == 1 ? u"Sistema con un bioritmo"_s
                              : u"Sistema con %1 bioritmi"_s.arg(left.members);
 }
 
-QString pathText(const QString& path) {
-    return shortened(QDir::toNativeSeparators(path));
+QString ownFile(const LeftWork& left) {
+    const QString head = u"File: "_s;
+    return head + (left.work.path.isEmpty() ? u"nessuno"_s
+                                            : shortened(left.work.path, longestLine - head.size()));
 }
 
 QString question(const LeftWork& left, std::size_t others) {
     QStringList lines{
         u"Quor è terminato prima che queste modifiche fossero salvate."_s, QString(), whose(left),
-        u"File: "_s + (left.work.path.isEmpty() ? u"nessuno"_s : pathText(left.work.path)),
+        ownFile(left),
         u"Ultima modifica: %1 alle %2"_s.arg(shortDate(toDateValue(left.changed.date())),
                                              left.changed.time().toString(u"HH:mm"_s))};
     if (left.fileIsNewer) {
@@ -66,10 +86,10 @@ Choice askAbout(QWidget* parent, const LeftWork& left, std::size_t others) {
         const auto choice =
             static_cast<Choice>(askChoice(parent, question(left, others), title(), buttons));
         if (choice != Choice::remove ||
-            ask(parent,
-                u"%1: le modifiche non salvate andranno perse.\nSi desidera eliminarle?"_s.arg(
-                    whose(left)),
-                title()) == Answer::yes) {
+            askBeforeLoss(parent,
+                          whose(left) + u"\n\nLe modifiche non salvate andranno perse.\n"
+                                        "Si desidera eliminarle?"_s,
+                          title()) == Answer::yes) {
             return choice;
         }
     }
@@ -84,6 +104,8 @@ Recovery::Recovery(Program& program, const QString& folder, QObject* parent)
     auto* timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &Recovery::update);
     timer->start(interval);
+    // A desktop that ends the session asks for this first, and may not wait after it.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &Recovery::update);
 }
 
 Recovery::Taken Recovery::offer(QWidget* parent) {

@@ -1,15 +1,20 @@
 #include "toolkit/Dialogs.h"
 
 #include "toolkit/BoxText.h"
+#include "toolkit/ImageList.h"
 #include "toolkit/PrintDialog.h"
 
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QIcon>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyle>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -17,18 +22,41 @@ namespace quor {
 
 namespace {
 
-QMessageBox::Icon icon(BoxKind kind) {
+/// What tells one kind of box from another at a glance.
+struct BoxPicture {
+    QMessageBox::Icon icon;
+    QString themeName; ///< of the desktop's picture
+    QString key;       ///< of ours
+};
+
+BoxPicture boxPicture(BoxKind kind) {
     switch (kind) {
     case BoxKind::information:
-        return QMessageBox::Information;
+        return {QMessageBox::Information, u"dialog-information"_s, u"ImmInformazione"_s};
     case BoxKind::warning:
-        return QMessageBox::Warning;
+    case BoxKind::loss:
+        return {QMessageBox::Warning, u"dialog-warning"_s, u"ImmAvviso"_s};
     case BoxKind::error:
-        return QMessageBox::Critical;
+        return {QMessageBox::Critical, u"dialog-error"_s, u"ImmErrore"_s};
     case BoxKind::question:
         break;
     }
-    return QMessageBox::Question;
+    return {QMessageBox::Question, u"dialog-question"_s, u"ImmDomanda"_s};
+}
+
+/// Where the desktop has no picture the toolkit has one of few pixels, which a fine screen
+/// magnifies and a large font dwarfs.
+void setPicture(QMessageBox& window, BoxKind kind) {
+    const BoxPicture used = boxPicture(kind);
+    window.setIcon(used.icon);
+    if (!QIcon::hasThemeIcon(used.themeName)) {
+        const int size =
+            std::max(window.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &window),
+                     2 * window.fontMetrics().height());
+        const QWidget* parent = window.parentWidget();
+        const qreal ratio = (parent != nullptr ? parent : &window)->devicePixelRatioF();
+        window.setIconPixmap(picture(used.key).pixmap(QSize(size, size), ratio));
+    }
 }
 
 /// "*.ext" of "Description (*.ext) | *.ext".
@@ -48,9 +76,8 @@ void makeRoomForTitle(QMessageBox& window) {
 }
 
 /// What boxes with a text have in common.
-void dress(QMessageBox& window, QMessageBox::Icon boxIcon, const QString& title,
-           const QString& text) {
-    window.setIcon(boxIcon);
+void dress(QMessageBox& window, BoxKind kind, const QString& title, const QString& text) {
+    setPicture(window, kind);
     window.setWindowTitle(title);
     // Texts hold names that people typed: never markup.
     window.setTextFormat(Qt::PlainText);
@@ -62,21 +89,21 @@ class RealDialogHost : public DialogHost {
   public:
     Answer message(QWidget* parent, const MessageBox& box) override {
         QMessageBox window(parent);
-        dress(window, icon(box.kind), box.title, box.text);
-        if (box.kind != BoxKind::question) {
+        dress(window, box.kind, box.title, box.text);
+        if (box.kind != BoxKind::question && box.kind != BoxKind::loss) {
             window.setStandardButtons(QMessageBox::Ok);
             window.exec();
             return Answer::ok;
         }
         window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        window.setDefaultButton(QMessageBox::Yes);
+        window.setDefaultButton(box.kind == BoxKind::loss ? QMessageBox::No : QMessageBox::Yes);
         window.setEscapeButton(QMessageBox::No);
         return window.exec() == QMessageBox::Yes ? Answer::yes : Answer::no;
     }
 
     qsizetype choice(QWidget* parent, const ChoiceBox& box) override {
         QMessageBox window(parent);
-        dress(window, QMessageBox::Question, box.title, box.text);
+        dress(window, BoxKind::question, box.title, box.text);
         QList<QAbstractButton*> buttons;
         for (const QString& caption : box.buttons) {
             const bool isFirst = buttons.isEmpty();

@@ -18,7 +18,8 @@ namespace quor {
 /// The answers keep the numbers that a platform's message box gives.
 enum class Answer : int { ok = 1, yes = 6, no = 7 };
 
-enum class BoxKind : std::uint8_t { information, warning, error, question };
+/// A loss is a question too, whose Yes destroys something for good: Enter presses its No.
+enum class BoxKind : std::uint8_t { information, warning, error, question, loss };
 
 struct MessageBox {
     BoxKind kind = BoxKind::information;

@@ -36,6 +36,10 @@ Answer ask(QWidget* parent, const QString& text, const QString& title) {
     return show(parent, BoxKind::question, text, title);
 }
 
+Answer askBeforeLoss(QWidget* parent, const QString& text, const QString& title) {
+    return show(parent, BoxKind::loss, text, title);
+}
+
 qsizetype askChoice(QWidget* parent, const QString& text, const QString& title,
                     const QStringList& buttons) {
     return dialogHost().choice(parent, {.text = text, .title = title, .buttons = buttons});

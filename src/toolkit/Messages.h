@@ -23,6 +23,9 @@ void showOverflow(QWidget* parent);
 /// A question with Yes and No; closing the box is No.
 [[nodiscard]] Answer ask(QWidget* parent, const QString& text, const QString& title);
 
+/// The same for what cannot be brought back: Enter is No.
+[[nodiscard]] Answer askBeforeLoss(QWidget* parent, const QString& text, const QString& title);
+
 /// A question with two or more buttons of its own, in the order that `ChoiceBox` wants.
 /// @return the position of the pressed button; closing the box presses the last one
 [[nodiscard]] qsizetype askChoice(QWidget* parent, const QString& text, const QString& title,

@@ -11,8 +11,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileDialog>
+#include <QFileIconProvider>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
@@ -128,6 +131,12 @@ void TestWindows::boxesGoThroughTheirDoor() {
     }
     files.sort();
     QCOMPARE(files, (QStringList{u"Dialogs.cpp"_s, u"SystemPrintDialog.cpp"_s}));
+}
+
+void TestWindows::theToolkitSpeaksItalian() {
+    QCOMPARE(QFileIconProvider().type(QFileInfo(QDir::tempPath())), u"Cartella"_s);
+    QCOMPARE(QFileDialog::tr("Folder"), u"Cartella"_s);
+    QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), u"Annulla"_s);
 }
 
 void TestWindows::hasNoFaults_data() {
@@ -249,6 +258,14 @@ void TestWindows::boxesHaveNoFaults_data() {
     });
     QTest::newRow("question") << Open([](QWidget* parent) {
         dialogHost().message(parent, {BoxKind::question, u"Chiudere?"_s, u"Conferma"_s});
+    });
+    QTest::newRow("loss") << Open([](QWidget* parent) {
+        dialogHost().message(parent, {BoxKind::loss, u"Eliminare?"_s, u"Conferma"_s});
+    });
+    QTest::newRow("choice") << Open([](QWidget* parent) {
+        dialogHost().choice(parent, {.text = u"Recuperare?"_s,
+                                     .title = u"Recupero"_s,
+                                     .buttons = {u"&Recupera"_s, u"&Elimina"_s, u"&Più tardi"_s}});
     });
     QTest::newRow("input") << Open(
         [](QWidget* parent) { dialogHost().input(parent, u"La data?"_s, u"Inserimento"_s); });

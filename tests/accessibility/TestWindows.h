@@ -13,6 +13,7 @@ class TestWindows : public Test {
     void initTestCase();
     void noneIsForgotten();
     void boxesGoThroughTheirDoor();
+    void theToolkitSpeaksItalian();
     void hasNoFaults_data();
     void hasNoFaults();
     void everyTabHasNoFaults();

@@ -114,7 +114,7 @@ class KeyboardTest(ProgramTestCase):
         program.wait_gone(week)
         program.key("Ctrl+F4")
         program.wait_gone(window)
-        program.key("Alt+b", "i")
+        program.menu("File bioritmi", "Esci da Quor", by="keys")
         program.message_box("Conferma")
         program.key("Return")
         program.message_box("Conferma")

@@ -7,6 +7,7 @@ import unittest
 
 from harness import (Desktop, ProgramTestCase, extents_of, is_enabled, name_of,
                      plain, poll, role_of, walk)
+from harness.drag import Drag
 
 RECENT = "Aperti di recente"
 CLEAR = "Svuota elenco"
@@ -117,6 +118,40 @@ class RecentTest(ProgramTestCase):
         program.menu("File bioritmi", RECENT, CLEAR)
         self.assert_submenu(program, [])
         self.assertNotIn(anna, self.state_text())
+        self.assertEqual(program.terminate(), 0)
+
+    def test_files_are_dropped(self):
+        anna = self.write("Anna & Bea")
+        lia = self.write("Lia")
+        other = os.path.join(self.home, "Lia.txt")
+        os.link(lia, other)
+        program = self.start()
+        window = program.x_window(program.window())
+        left, top, width, height = extents_of(program.window())
+        middle = (left + width // 2, top + height // 2)
+        for unwelcome in ((other,), (anna, lia), (self.home,)):
+            with Drag(desktop, window, middle, *unwelcome) as drag:
+                self.assertFalse(drag.is_welcome(), unwelcome)
+        with Drag(desktop, window, middle, anna) as drag:
+            self.assertTrue(drag.is_welcome())
+            # The other program gets its answer before anything is asked here.
+            self.assertTrue(drag.drop())
+        self.answer(program, "Aggiornare?", "No")
+        graph = program.window("Grafico di Anna & Bea")
+        # On a window inside, with the questions of the command that opens.
+        left, top, width, height = extents_of(graph)
+        with Drag(desktop, window, (left + width // 2, top + height // 2), lia) as drag:
+            self.assertTrue(drag.is_welcome())
+            self.assertTrue(drag.drop())
+            box = program.message_box("Conferma")
+            self.assertEqual(box.text, CLOSING_QUESTION.format("Anna & Bea"))
+        with Drag(desktop, window, middle, lia) as drag:
+            # While something is asked the frame takes nothing.
+            self.assertFalse(drag.is_welcome())
+        box.press("Sì")
+        self.answer(program, "Aggiornare?", "No")
+        program.window("Grafico di Lia")
+        self.assert_submenu(program, ["1 Lia.bio", "2 Anna & Bea.bio"])
         self.assertEqual(program.terminate(), 0)
 
     def test_the_place_of_the_window(self):

@@ -5,6 +5,7 @@ import os
 import unittest
 
 from harness import Desktop, ProgramTestCase, children_of, name_of, poll, wait_for
+from harness.session import SessionManager
 
 CLOSING = ("Questo comporterà la chiusura del bioritmo di Maria Rossi. "
            "Si desidera continuare ugualmente?")
@@ -69,6 +70,14 @@ class RecoveryTest(ProgramTestCase):
         program.click(program.button(dialog, "Ok"))
         program.wait_gone(dialog)
 
+    @staticmethod
+    def move_to(program, day):
+        program.menu("File bioritmi", "Sposta data di calcolo")
+        dialog = program.dialog("Inserimento")
+        program.set_text(program.find(("text", "entry"), parent=dialog), day)
+        program.key("Enter")
+        program.message_box("Operazione eseguita.").press("OK")
+
     def offer(self, program, whose, path):
         box = program.message_box("Recupero")
         lines = box.text.split("\n")
@@ -121,11 +130,7 @@ class RecoveryTest(ProgramTestCase):
         program = self.start("--open", path)
         program.message_box("Aggiornare?").press("No")
         self.assert_maria_is_open(program)
-        program.menu("File bioritmi", "Sposta data di calcolo")
-        dialog = program.dialog("Inserimento")
-        program.set_text(program.find(("text", "entry"), parent=dialog), "16/04/2005")
-        program.key("Enter")
-        program.message_box("Operazione eseguita.").press("OK")
+        self.move_to(program, "16/04/2005")
         self.wait_put_aside("#2005-04-16#")
         program.kill_at_once()
         self.assertEqual(self.read(path), LINES)
@@ -163,6 +168,37 @@ class RecoveryTest(ProgramTestCase):
         self.assert_maria_is_open(program)
         self.quit_maria(program, save="No")
         self.assert_nothing_is_offered()
+
+    def test_the_desktop_logs_out(self):
+        session = SessionManager(self.home)
+        self.addCleanup(session.stop)
+        in_session = {"SESSION_MANAGER": session.address}
+        program = self.start_program(desktop, home=self.home, env=in_session)
+        self.enter_maria(program)
+        # Neither is the desktop kept waiting nor the user asked.
+        self.assertEqual(session.ask_to_save(), ["saved"])
+        session.end()
+        self.assertEqual(program.wait_exit(), 0, program.stderr_text())
+
+        # Nor when something is being asked at that moment.
+        program = self.start_program(desktop, home=self.home, env=in_session)
+        self.offer(program, "Bioritmo di Maria Rossi", "nessuno")
+        self.assertEqual(session.ask_to_save(), ["saved"])
+        session.end()
+        self.assertEqual(program.wait_exit(), 0, program.stderr_text())
+
+        # A desktop may not wait any longer than for the answer.
+        program = self.start_program(desktop, home=self.home, env=in_session)
+        self.offer(program, "Bioritmo di Maria Rossi", "nessuno").press("Recupera")
+        self.assert_maria_is_open(program)
+        self.move_to(program, "16/04/2005")
+        self.assertEqual(session.ask_to_save(), ["saved"])
+        program.kill_at_once()
+
+        program = self.start()
+        self.offer(program, "Bioritmo di Maria Rossi", "nessuno").press("Recupera")
+        self.assert_maria_is_open(program, "16/04/2005")
+        self.quit_maria(program, save="No")
 
     def test_a_system_and_a_named_file(self):
         system = ["2", '"Anna Bianchi"', "#2000-01-01#", '"Bruno Neri"', "#1938-07-30#",

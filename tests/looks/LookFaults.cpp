@@ -444,7 +444,9 @@ bool showsPicture(const QWidget& widget) {
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
         return !button->icon().isNull();
     }
-    return qobject_cast<const IconLabel*>(&widget) != nullptr ||
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    return (label != nullptr && !label->pixmap(Qt::ReturnByValue).isNull()) ||
+           qobject_cast<const IconLabel*>(&widget) != nullptr ||
            qobject_cast<const TrendArrow*>(&widget) != nullptr;
 }
 

@@ -1,6 +1,7 @@
 #include "looks/TestLooks.h"
 
 #include "shell/ApplicationSetup.h"
+#include "toolkit/Dialogs.h"
 #include "views/analysis/FComp.h"
 
 #include "accessibility/EveryWindow.h"
@@ -11,6 +12,9 @@
 #include <QComboBox>
 #include <QMdiSubWindow>
 #include <QTabWidget>
+#include <QTimer>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -107,6 +111,67 @@ void TestLooks::hasNoFaults() {
         }
     }
     faults.removeDuplicates();
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u"\n  "_s)));
+}
+
+void TestLooks::boxesHaveNoFaults_data() {
+    using Open = std::function<void(QWidget*)>;
+    QTest::addColumn<Open>("open");
+    QTest::addColumn<bool>("dark");
+    QTest::addColumn<int>("points");
+    const auto message = [](BoxKind kind, const QString& text) {
+        return Open([kind, text](QWidget* parent) {
+            dialogHost().message(parent, {kind, text, u"Conferma"_s});
+        });
+    };
+    const QString longText =
+        u"Questo comporterà la chiusura del bioritmo di Maria Antonietta Della Valle di Sopra. "
+        "Si desidera continuare ugualmente?"_s;
+    const std::pair<const char*, Open> boxes[]{
+        {"information", message(BoxKind::information, u"File salvato"_s)},
+        {"warning", message(BoxKind::warning, longText)},
+        {"error", message(BoxKind::error, u"Overflow"_s)},
+        {"question", message(BoxKind::question, longText)},
+        {"loss", message(BoxKind::loss, u"Bioritmo di Anna\n\nEliminare le modifiche?"_s)},
+        {"choice",
+         [](QWidget* parent) {
+             dialogHost().choice(
+                 parent, {.text = u"Quor è terminato prima che queste modifiche fossero salvate."
+                                  "\n\nBioritmo di Maria Antonietta Della Valle di Sopra e di S…"
+                                  "\nFile: /home/maria/Documenti/…/Maria Antonietta.bio"
+                                  "\n\nSi desidera recuperare queste modifiche?"_s,
+                          .title = u"Recupero"_s,
+                          .buttons = {u"&Recupera"_s, u"&Elimina"_s, u"&Più tardi"_s}});
+         }},
+        {"input", [](QWidget* parent) {
+             dialogHost().input(parent, u"Inserire la nuova data di calcolo"_s, u"Inserimento"_s);
+         }}};
+    for (const auto& [name, open] : boxes) {
+        for (const bool dark : {false, true}) {
+            for (const int points : {8, 10, 14, 20}) {
+                QTest::addRow("%s %s %d", name, dark ? "dark" : "light", points)
+                    << open << dark << points;
+            }
+        }
+    }
+}
+
+void TestLooks::boxesHaveNoFaults() {
+    QFETCH(std::function<void(QWidget*)>, open);
+    QFETCH(bool, dark);
+    QFETCH(int, points);
+    setDesktop({.dark = dark, .points = points});
+    QWidget parent;
+    parent.resize(screenFor(points));
+    parent.show();
+    QStringList faults{u"no box has come"_s};
+    QTimer::singleShot(0, this, [&faults, points] {
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            faults = faultsOf(*box, screenFor(points));
+            box->reject();
+        }
+    });
+    open(&parent);
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u"\n  "_s)));
 }
 

@@ -14,6 +14,8 @@ class TestLooks : public Test {
     void cleanupTestCase();
     void hasNoFaults_data();
     void hasNoFaults();
+    void boxesHaveNoFaults_data();
+    void boxesHaveNoFaults();
 };
 
 } // namespace quor::test

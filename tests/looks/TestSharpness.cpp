@@ -1,5 +1,6 @@
 #include "looks/TestSharpness.h"
 
+#include "toolkit/Dialogs.h"
 #include "toolkit/DrawingPainter.h"
 #include "toolkit/IconLabel.h"
 #include "toolkit/ImageList.h"
@@ -9,8 +10,11 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
+#include <QMessageBox>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdlib>
@@ -122,6 +126,40 @@ void TestSharpness::pictures() {
         const double toBlurred = distance(shown, magnified);
         QVERIFY2(toBlurred > 4 * toSharp + 1, qPrintable(QString::number(toBlurred)));
     }
+}
+
+void TestSharpness::boxes_data() {
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("name");
+    const auto add = [](BoxKind kind, const char* name) {
+        QTest::newRow(name) << static_cast<int>(kind) << QString::fromLatin1(name);
+    };
+    add(BoxKind::information, "Informazione");
+    add(BoxKind::warning, "Avviso");
+    add(BoxKind::error, "Errore");
+    add(BoxKind::question, "Domanda");
+}
+
+void TestSharpness::boxes() {
+    QFETCH(int, kind);
+    QFETCH(QString, name);
+    QImage shown;
+    QTimer::singleShot(0, this, [&shown] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QVERIFY(box != nullptr);
+        for (QLabel* label : box->findChildren<QLabel*>()) {
+            if (!label->pixmap(Qt::ReturnByValue).isNull()) {
+                shown = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
+            }
+        }
+        box->reject();
+    });
+    QWidget parent;
+    dialogHost().message(&parent, {static_cast<BoxKind>(kind), u"Anna"_s, u"Prova"_s});
+    QVERIFY(!shown.isNull());
+    const QColor ground = parent.palette().color(QPalette::Window);
+    const double toSharp = distance(shown, fromSource(name, shown.size(), Qt::black, ground));
+    QVERIFY2(toSharp < 0.5, qPrintable(QString::number(toSharp)));
 }
 
 } // namespace quor::test

@@ -13,6 +13,8 @@ class TestSharpness : public Test {
     void drawings();
     void pictures_data();
     void pictures();
+    void boxes_data();
+    void boxes();
 };
 
 } // namespace quor::test

@@ -75,7 +75,8 @@ class TellingHost : public DialogHost {
   public:
     Answer message(QWidget* /*parent*/, const MessageBox& box) override {
         say(u"box "_s + box.title + u'|' + box.text);
-        return box.kind == BoxKind::question ? Answer::no : Answer::ok;
+        const bool asks = box.kind == BoxKind::question || box.kind == BoxKind::loss;
+        return asks ? Answer::no : Answer::ok;
     }
     qsizetype choice(QWidget* /*parent*/, const ChoiceBox& box) override {
         say(u"choice "_s + box.title + u'|' + box.text);

@@ -5,6 +5,7 @@ does not allow (mounting, another user, looking at system calls) is skipped with
 figure says so.
 """
 
+import atexit
 import ctypes
 import os
 import pathlib
@@ -84,6 +85,22 @@ def become_nobody():
     os.setuid(NOBODY)
     # Ended with the test; a change of user takes that away.
     ctypes.CDLL(None).prctl(1, signal.SIGKILL)
+
+
+def within_reach(build, *programs):
+    """The folder of the programs, or of copies of them where another user may not enter it: root's
+    own home, for one, is closed to everybody else."""
+    build = pathlib.Path(build).absolute()
+    if not is_really_root() or all(folder.stat().st_mode & 0o001
+                                   for folder in (build, *build.parents)):
+        return build
+    copies = pathlib.Path(tempfile.mkdtemp(prefix="quor-robustness-programs-"))
+    atexit.register(shutil.rmtree, copies, ignore_errors=True)
+    copies.chmod(0o755)
+    for program in programs:
+        if (build / program).is_file():
+            shutil.copy(build / program, copies)
+    return copies
 
 
 def file_size_limit(size):

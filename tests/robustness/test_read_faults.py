@@ -230,6 +230,6 @@ class ReadFaultsTest(Place):
 
 
 if __name__ == "__main__":
-    BUILD = support.build_folder()
+    BUILD = support.within_reach(support.build_folder(), "quor", "robustness_driver")
     support.main(lambda tests, bad, skipped: f"{support.tried.get('files', 0)} files that are not "
                  f"what they should be, {bad} tests wrong, {skipped} skipped")

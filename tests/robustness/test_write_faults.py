@@ -659,6 +659,7 @@ class PrintedPagesTest(OtherFilesTest):
 
 if __name__ == "__main__":
     support.enter_own_mounts()
-    BUILD = support.build_folder()
+    BUILD = support.within_reach(support.build_folder(), "quor", "quor-render",
+                                 "robustness_driver")
     support.main(lambda tests, bad, skipped: f"{support.tried.get('faults', 0)} faults while "
                  f"writing, {bad} wrong, {skipped} tests skipped")

@@ -289,12 +289,12 @@ void TestRecovery::deletingIsAskedTwice() {
     State state;
     state.leavePerson();
     const QString question =
-        u"Bioritmo di Maria Rossi: le modifiche non salvate andranno perse.\nSi desidera eliminarle?"_s;
+        u"Bioritmo di Maria Rossi\n\nLe modifiche non salvate andranno perse.\nSi desidera eliminarle?"_s;
     FrameFixture fixture(state.home());
     expectMaria(fixture, u"&Elimina"_s);
-    fixture.dialogs.expectQuestion(u"Recupero"_s, question, Answer::no);
+    fixture.dialogs.expectLoss(u"Recupero"_s, question, Answer::no);
     expectMaria(fixture, u"&Elimina"_s);
-    fixture.dialogs.expectQuestion(u"Recupero"_s, question, Answer::yes);
+    fixture.dialogs.expectLoss(u"Recupero"_s, question, Answer::yes);
     fixture.frame.start({});
     QVERIFY(!fixture.program.biorhythm.isPresent());
     QCOMPARE(QDir(State::folder()).entryList(QDir::Files), QStringList());
@@ -344,16 +344,37 @@ void TestRecovery::aFileWrittenSinceIsTold() {
     fixture.frame.start({});
 }
 
-void TestRecovery::longNamesAreShortened() {
+void TestRecovery::namesAreShortened_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("shownName");
+    QTest::addColumn<QString>("shownPath");
+    const QString name = QString(100, u'a');
+    const QString shown = u"Bioritmo di "_s + QString(47, u'a') + u'…';
+    const QString folders = u'/' + QString(99, u'c');
+    QTest::newRow("short") << u"Anna"_s << u"/a/Anna.bio"_s << u"Bioritmo di Anna"_s
+                           << u"/a/Anna.bio"_s;
+    QTest::newRow("no name") << QString() << u"/a/b.bio"_s << u"Bioritmo senza nome"_s
+                             << u"/a/b.bio"_s;
+    QTest::newRow("long") << name << folders + u"/Anna.bio"_s << shown
+                          << u'/' + QString(43, u'c') + u"…/Anna.bio"_s;
+    QTest::newRow("long file") << name << folders + u'/' + QString(100, u'd') << shown
+                               << QString(53, u'd') + u'…';
+    QTest::newRow("pairs") << name << u"/ab"_s + u"/😀"_s.repeated(20) + u"/Anna.bio"_s << shown
+                           << u"/ab"_s + u"/😀"_s.repeated(13) + u"/…/Anna.bio"_s;
+}
+
+/// So that each stands on its line; of a path the file's name remains.
+void TestRecovery::namesAreShortened() {
+    QFETCH(QString, name);
+    QFETCH(QString, path);
+    QFETCH(QString, shownName);
+    QFETCH(QString, shownPath);
     setFastStart(u"FALSE"_s);
     State state;
-    state.leavePerson(QString(100, u'a') + QString(100, u'b'),
-                      u'/' + QString(100, u'c') + QString(100, u'd'));
+    state.leavePerson(name, path);
     FrameFixture fixture(state.home());
-    expectOffer(fixture,
-                offerText(u"Bioritmo di "_s + QString(35, u'a') + u'…' + QString(35, u'b'),
-                          u'/' + QString(34, u'c') + u'…' + QString(35, u'd'), u"20/11/2026"_s),
-                u"&Più tardi"_s);
+    expectOffer(fixture, offerText(shownName, shownPath, u"20/11/2026"_s), u"&Più tardi"_s);
     fixture.frame.start({});
 }
 

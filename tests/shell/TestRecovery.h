@@ -21,7 +21,8 @@ class TestRecovery : public Test {
     void deletingIsAskedTwice();
     void theOthersWait();
     void aFileWrittenSinceIsTold();
-    void longNamesAreShortened();
+    void namesAreShortened_data();
+    void namesAreShortened();
     void damagedWorkIsToldOnce();
     void theNamedFileComesAfterIt();
     void theNamedFileIsRefused();

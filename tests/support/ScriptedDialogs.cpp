@@ -12,8 +12,11 @@ QString describe(const QString& kind, const QStringList& parts) {
     return kind + u": "_s + parts.join(u" | "_s);
 }
 
-QString describeMessage(bool question, const QString& title, const QString& text) {
-    return describe(question ? u"question"_s : u"box"_s, {title, text});
+QString describeMessage(BoxKind kind, const QString& title, const QString& text) {
+    const QString kinds = kind == BoxKind::question ? u"question"_s
+                          : kind == BoxKind::loss   ? u"question before a loss"_s
+                                                    : u"box"_s;
+    return describe(kinds, {title, text});
 }
 
 QString describeFile(FileMode mode, const QString& title, const QString& filter,
@@ -37,15 +40,24 @@ ScriptedDialogs::~ScriptedDialogs() {
 }
 
 void ScriptedDialogs::expectBox(const QString& title, const QString& text) {
-    m_steps.push_back({.box = describeMessage(false, title, text),
+    m_steps.push_back({.box = describeMessage(BoxKind::information, title, text),
                        .answer = Answer::ok,
                        .text = {},
                        .colour = {}});
 }
 
 void ScriptedDialogs::expectQuestion(const QString& title, const QString& text, Answer answer) {
-    m_steps.push_back(
-        {.box = describeMessage(true, title, text), .answer = answer, .text = {}, .colour = {}});
+    m_steps.push_back({.box = describeMessage(BoxKind::question, title, text),
+                       .answer = answer,
+                       .text = {},
+                       .colour = {}});
+}
+
+void ScriptedDialogs::expectLoss(const QString& title, const QString& text, Answer answer) {
+    m_steps.push_back({.box = describeMessage(BoxKind::loss, title, text),
+                       .answer = answer,
+                       .text = {},
+                       .colour = {}});
 }
 
 void ScriptedDialogs::expectChoice(const QString& title, const QString& text,
@@ -111,7 +123,7 @@ ScriptedDialogs::Step ScriptedDialogs::take(const QString& box) {
 }
 
 Answer ScriptedDialogs::message(QWidget* /*parent*/, const MessageBox& box) {
-    return take(describeMessage(box.kind == BoxKind::question, box.title, box.text)).answer;
+    return take(describeMessage(box.kind, box.title, box.text)).answer;
 }
 
 qsizetype ScriptedDialogs::choice(QWidget* /*parent*/, const ChoiceBox& box) {

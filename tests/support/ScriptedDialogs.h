@@ -24,6 +24,8 @@ class ScriptedDialogs : public DialogHost {
     /// A box with an OK button.
     void expectBox(const QString& title, const QString& text);
     void expectQuestion(const QString& title, const QString& text, Answer answer);
+    /// A question before something is lost.
+    void expectLoss(const QString& title, const QString& text, Answer answer);
     /// @param button the one that is pressed
     void expectChoice(const QString& title, const QString& text, const QStringList& buttons,
                       const QString& button);

@@ -38,6 +38,28 @@ void TestDialogs::ordinaryTextIsShownAsItIs() {
     QCOMPARE(shown, text);
 }
 
+/// Enter presses Yes, but where Yes destroys; Escape never does.
+void TestDialogs::enterLosesNothing() {
+    const auto press = [](int key) {
+        QTimer::singleShot(0, qApp, [key] {
+            QTest::keyClick(QApplication::activeModalWidget(), static_cast<Qt::Key>(key));
+        });
+    };
+    press(Qt::Key_Return);
+    QCOMPARE(ask(nullptr, u"Chiudere?"_s, u"Conferma"_s), Answer::yes);
+    press(Qt::Key_Escape);
+    QCOMPARE(ask(nullptr, u"Chiudere?"_s, u"Conferma"_s), Answer::no);
+    for (const int key : {Qt::Key_Return, Qt::Key_Escape}) {
+        press(key);
+        QCOMPARE(askBeforeLoss(nullptr, u"Eliminare?"_s, u"Conferma"_s), Answer::no);
+    }
+    const QStringList buttons{u"&Recupera"_s, u"&Elimina"_s, u"&Più tardi"_s};
+    press(Qt::Key_Return);
+    QCOMPARE(askChoice(nullptr, u"Recuperare?"_s, u"Recupero"_s, buttons), qsizetype{0});
+    press(Qt::Key_Escape);
+    QCOMPARE(askChoice(nullptr, u"Recuperare?"_s, u"Recupero"_s, buttons), qsizetype{2});
+}
+
 void TestDialogs::boxesStayOnTheScreen_data() {
     QTest::addColumn<QString>("name");
     QTest::newRow("one word") << QString(10'000, u'W');

@@ -9,6 +9,7 @@ class TestDialogs : public Test {
 
   private slots:
     void ordinaryTextIsShownAsItIs();
+    void enterLosesNothing();
     void boxesStayOnTheScreen_data();
     void boxesStayOnTheScreen();
 };

@@ -28,6 +28,9 @@ take all they need from here.  What lies where, each using those above it only:
     program    Program: its process, finding and acting
     testcase   ProgramTestCase
 
+and beside these, for the tests that want them, drag (a file manager to drag
+from) and session (a desktop that logs out).
+
 Nothing here waits for a fixed time and hopes: everything is polled for until
 it is true.
 """

@@ -97,8 +97,29 @@ class MenuBar:
             key = _access_key(entry)
             if key is None:
                 raise HarnessError(f"{describe(entry)} has no access key")
-            self._program.key("Alt+" + key)
+            self._press_alt_and(key, lambda: _entries_below(entry))
         return entry
+
+    def _press_alt_and(self, key, opens):
+        """Presses Alt and a letter until the menu is open and stays so.
+
+        Qt hands each key on by way of the accessibility bus, but takes an
+        access key at once. An Alt that comes after its letter shuts the menu
+        again, on a busy machine as often as not: it gets time to arrive.
+        """
+        program = self._program
+        for _ in range(5):
+            program.desktop.xdotool("keydown", "alt")
+            try:
+                for _ in range(3):
+                    program.window()  # asks the program, by the same bus
+                program.desktop.xdotool("key", key)
+            finally:
+                program.desktop.xdotool("keyup", "alt")
+            if poll(opens, 1) and not poll(lambda: not opens(), 0.3):
+                return
+            program.key("Escape")
+        raise HarnessError(f"Alt and {key!r} open no menu\n{program.dump()}")
 
     def _entry(self, parent, caption):
         def find():

@@ -28,18 +28,18 @@ class Program:
     `terminate` as its last act.
     """
 
-    def __init__(self, desktop, argv, home=None):
+    def __init__(self, desktop, argv, home=None, env=None):
         """Starts `argv` and waits until it answers.
 
         Its home folder is new and empty unless `home` gives one; it is also
-        the current folder.
+        the current folder.  `env` adds to the environment.
         """
         self.desktop = desktop
         self.argv = [str(argument) for argument in argv]
         self.home = home or desktop.new_home()
         environment = {**desktop.environment, **home_variables(self.home),
                        "QT_ACCESSIBILITY": "1", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-                       "QT_QPA_PLATFORM": "xcb"}
+                       "QT_QPA_PLATFORM": "xcb", **(env or {})}
         self._death_was_wanted = False
         desktop.shown_popups.clear()
         descriptor, self._stderr_path = tempfile.mkstemp(dir=desktop.directory,
