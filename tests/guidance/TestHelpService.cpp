@@ -16,6 +16,7 @@
 #include <QHelpContentWidget>
 #include <QHelpEngine>
 #include <QHelpIndexWidget>
+#include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -175,6 +176,31 @@ void TestHelpService::linksOutsideAreNotFollowed() {
     }
     browser(help)->setSource(QUrl(u"date.html"_s));
     QCOMPARE(shownPage(help), u"date.html"_s);
+}
+
+/// The toolkit lets an input method write into a text that is read only. A page that had grown
+/// would be left from a place that it does not have when one comes back.
+void TestHelpService::nobodyWritesIntoThePage() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"1nuovo.html"_s));
+    HelpBrowser* page = browser(help);
+    const QString text = page->toPlainText();
+    QVERIFY(QTest::qWaitForWindowActive(help.window()));
+    page->setFocus();
+    QInputMethodEvent typing;
+    typing.setCommitString(QString(4000, u'x'));
+    QCoreApplication::sendEvent(page, &typing);
+    QCOMPARE(page->toPlainText(), text);
+
+    // From the last link of the page to another one, and back.
+    QTest::keyClick(page, Qt::Key_Backtab, Qt::ShiftModifier);
+    QVERIFY(page->textCursor().hasSelection());
+    const int link = page->textCursor().position();
+    QTest::keyClick(page, Qt::Key_Return);
+    QVERIFY(shownPage(help) != u"1nuovo.html"_s);
+    trigger(help, u"back"_s);
+    QCOMPARE(shownPage(help), u"1nuovo.html"_s);
+    QCOMPARE(page->textCursor().position(), link);
 }
 
 void TestHelpService::contentsFollowThePage() {

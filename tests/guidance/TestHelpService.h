@@ -16,6 +16,7 @@ class TestHelpService : public Test {
     void copiesComeBackToTheirPaths();
     void unknownPageSaysSo();
     void linksOutsideAreNotFollowed();
+    void nobodyWritesIntoThePage();
     void contentsFollowThePage();
     void firstPageHasItsSheetAndPictures();
     void indexFindsATerm();
