@@ -7,7 +7,6 @@
 #include "toolkit/SettingsStore.h"
 
 #include <QDir>
-#include <QSettings>
 
 #include <algorithm>
 #include <array>
@@ -30,7 +29,7 @@ class StoreFile {
   public:
     StoreFile() {
         check(QDir().mkpath(m_folder), "a folder for the store can be made");
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder);
+        qputenv("XDG_CONFIG_HOME", m_folder.toLocal8Bit());
     }
     ~StoreFile() { QDir(m_folder).removeRecursively(); }
     StoreFile(const StoreFile&) = delete;

@@ -7,6 +7,7 @@
 #include "shell/EndRequests.h"
 #include "shell/Folders.h"
 #include "shell/MDIForm1.h"
+#include "storage/ProcessSetup.h"
 #include "toolkit/ShowHelp.h"
 
 #include <QApplication>
@@ -31,6 +32,21 @@ void print(FILE* stream, const QString& text) {
     std::fputs(text.toLocal8Bit().constData(), stream);
 }
 
+/// Prints what was asked for. @return the exit status
+int answer(const QString& text) {
+    print(stdout, text);
+    if (std::fflush(stdout) == 0) {
+        return success;
+    }
+    print(stderr, u"quor: lo standard output non si può scrivere: %1\n"_s.arg(qt_error_string()));
+    return failure;
+}
+
+/// Whoever reads along may have enough before the end: that is an error like any other.
+void failAtClosedPipe() {
+    std::signal(SIGPIPE, SIG_IGN); // NOLINT(bugprone-signal-handler): none is called
+}
+
 /// While the application connects to the display: the toolkit ends the process where there is none,
 /// after many lines; one says it.
 void reportNoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
@@ -53,6 +69,7 @@ void reportFaults(QtMsgType type, const QMessageLogContext& /*context*/, const Q
 
 /// Exports without a window. @return the exit status
 int exportFiles(const quor::BatchRequest& request) {
+    failAtClosedPipe();
     quor::BatchRequest batch = request;
     if (batch.outputFolder.isEmpty()) {
         batch.outputFolder = quor::prepareFolders(QGuiApplication::applicationDirPath()).exports;
@@ -75,8 +92,7 @@ int exportWithoutScreen(int& argc, char** argv, const quor::BatchRequest& reques
 /// Writes a report; it takes neither a screen nor the toolkit's application. @return the exit
 /// status
 int writeReport(const quor::ReportRequest& request) {
-    // Whoever reads along may have enough before the end: an error like any other.
-    std::signal(SIGPIPE, SIG_IGN); // NOLINT(bugprone-signal-handler): none is called
+    failAtClosedPipe();
     quor::setUpLocale();
     QFile output;
     QTextStream errors(stderr);
@@ -91,11 +107,9 @@ int writeReport(const quor::ReportRequest& request) {
 int answerWithoutScreen(const quor::StartRequest& request) {
     switch (request.mode) {
     case quor::StartMode::showHelp:
-        print(stdout, quor::usageText());
-        return success;
+        return answer(quor::usageText());
     case quor::StartMode::showVersion:
-        print(stdout, u"quor %1\n"_s.arg(QString::fromLatin1(quor::version())));
-        return success;
+        return answer(u"quor %1\n"_s.arg(QString::fromLatin1(quor::version())));
     case quor::StartMode::wrongUse:
         print(stderr, u"quor: %1\nProvare: quor --help\n"_s.arg(request.text));
         return wrongUse;
@@ -107,6 +121,7 @@ int answerWithoutScreen(const quor::StartRequest& request) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    quor::occupyStandardStreams();
     quor::failAtFileSizeLimit();
     QStringList arguments;
     for (int i = 1; i < argc; ++i) {

@@ -63,15 +63,18 @@ int exportBatch(const BatchRequest& request, QTextStream& output, QTextStream& e
     while (!run.isOver()) {
         const ExportResult product = run.next();
         QTextStream& stream = product.failed ? errors : output;
-        stream << product.path << ": " << product.result << '\n';
+        stream << printableName(product.path) << ": " << product.result << '\n';
         stream.flush(); // whoever reads along sees where the run is
     }
+    const bool isListed = output.status() == QTextStream::Ok;
     if (run.errorCount() > 0) {
         errors << "quor: " << run.errorText() << '\n';
-        errors.flush();
-        return failure;
     }
-    return success;
+    if (!isListed) {
+        errors << "quor: l'elenco dei file non si può scrivere sullo standard output\n";
+    }
+    errors.flush();
+    return run.errorCount() == 0 && isListed ? success : failure;
 }
 
 } // namespace quor

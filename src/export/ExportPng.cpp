@@ -114,9 +114,11 @@ std::uint8_t ExportPng(const QImage& image, const QString& fileName) {
         return pngOutOfMemory;
     }
 
-    // Anything but a file (a folder, a device) would make way for the new one.
+    // Anything but a file (a folder, a device) would make way for the new one; behind a link there
+    // may be any file of the user's.
     const QFileInfo old(fileName);
-    const bool hasPlace = !fileName.isEmpty() && (!old.exists() || old.isFile());
+    const bool hasPlace =
+        !fileName.isEmpty() && !old.isSymLink() && (!old.exists() || old.isFile());
     QSaveFile file(fileName);
     if (!hasPlace || !file.open(QIODevice::WriteOnly)) {
         return pngFileFailed;

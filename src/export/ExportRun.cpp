@@ -4,6 +4,8 @@
 #include "export/SummaryPage.h"
 #include "storage/LineNotation.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -133,7 +135,8 @@ ExportResult ExportRun::exportPage() const {
     const QString path = summaryFile(m_pathPrefix);
     const SummarySections sections{.graph = m_request.graph, .weekly = m_request.weekly};
     const QByteArray page = summaryPage(biorhythm, sections, m_prefix, m_request.variant);
-    const bool failed = writeWholeFile(path, page).has_value();
+    // Nobody has chosen this name, so it leads nowhere else.
+    const bool failed = QFileInfo(path).isSymLink() || writeWholeFile(path, page).has_value();
     const QString result = failed ? resultText(pngFileFailed) : u"Operazione completata"_s;
     return {.path = path,
             .logLine = u"File di riepilogo di "_s + biorhythm.name + u" --> "_s + result,

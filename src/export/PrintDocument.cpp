@@ -2,17 +2,17 @@
 
 #include "export/PdfPages.h"
 #include "export/PrintQueueJob.h"
+#include "storage/LineNotation.h"
 #include "toolkit/Messages.h"
 #include "toolkit/PrintDialog.h"
 
 #include <QBuffer>
 #include <QDir>
-#include <QFileInfo>
+#include <QPageLayout>
 #include <QPainter>
 #include <QPdfDocument>
+#include <QPdfWriter>
 #include <QPrinter>
-#include <QSaveFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -33,33 +33,54 @@ std::vector<PageSpan> allPages(const QPdfDocument& document) {
     return {{.first = 1, .last = document.pageCount()}};
 }
 
-/// The pages as a file of their own, painted, when they cannot be taken from the document.
-QByteArray paintedPages(QPdfDocument& document, std::span<const PageSpan> spans) {
-    const QTemporaryDir folder;
-    const QString temporary = folder.filePath(u"pagine.pdf"_s);
-    {
-        QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(temporary);
-        if (!paintPages(printer, document, spans)) {
-            return {};
+/// Paints pages, each as large as the sheet allows. Whoever takes them has full sheets.
+bool paintSheets(QPagedPaintDevice& device, QSizeF sheet, int dotsPerInch, QPdfDocument& document,
+                 std::span<const PageSpan> spans) {
+    QPainter painter;
+    const std::vector<PageSpan> all = allPages(document);
+    if (spans.empty()) {
+        spans = all;
+    }
+    bool first = true;
+    for (const PageSpan& span : spans) {
+        for (int page = std::max(span.first, 1); page <= std::min(span.last, document.pageCount());
+             ++page) {
+            if (first ? !painter.begin(&device) : !device.newPage()) {
+                return false;
+            }
+            first = false;
+            const QSizeF points = document.pagePointSize(page - 1);
+            QRectF target({}, points.scaled(sheet, Qt::KeepAspectRatio));
+            target.moveCenter(QRectF({}, sheet).center());
+            const double scale = std::min(dotsPerInch, greatestResolution) / pointsPerInch;
+            painter.drawImage(target, document.render(page - 1, (points * scale).toSize()));
         }
     }
-    QFile pages(temporary);
-    return pages.open(QIODevice::ReadOnly) ? pages.readAll() : QByteArray();
+    return !first && painter.end();
+}
+
+/// The pages as a file of their own, painted, when they cannot be taken from the document. In
+/// memory: the toolkit does not notice a disk that is full, and leaves a cut file.
+QByteArray paintedPages(QPdfDocument& document, std::span<const PageSpan> spans) {
+    QByteArray pages;
+    QBuffer buffer(&pages);
+    buffer.open(QIODevice::WriteOnly);
+    bool painted = false;
+    {
+        QPdfWriter writer(&buffer);
+        const QPageSize paper(document.pagePointSize(0), QPageSize::Point);
+        writer.setPageLayout(QPageLayout(paper, QPageLayout::Portrait, {}));
+        const QSize sheet = writer.pageLayout().fullRectPixels(writer.resolution()).size();
+        painted = paintSheets(writer, sheet, writer.resolution(), document, spans);
+    }
+    return painted ? pages : QByteArray();
 }
 
 void writeFile(QWidget* parent, const PrintableDocument& document, QPdfDocument& pages,
                const PrintChoice& choice) {
     const QByteArray pdf = selectPages(document.pdf, choice.pages).value_or(QByteArray());
     const QByteArray content = pdf.isEmpty() ? paintedPages(pages, choice.pages) : pdf;
-    // Nothing but a file makes way for a file.
-    const QFileInfo old(choice.file);
-    const bool hasPlace = !content.isEmpty() && (!old.exists() || old.isFile());
-    QSaveFile file(choice.file);
-    // Flushed by name: a commit that does it on the way does not notice that the disk is full.
-    if (!hasPlace || !file.open(QIODevice::WriteOnly) || file.write(content) != content.size() ||
-        !file.flush() || !file.commit()) {
+    if (content.isEmpty() || writeWholeFile(choice.file, content)) {
         reportFault(parent, u"Impossibile scrivere il file \"%1\"."_s.arg(
                                 QDir::toNativeSeparators(choice.file)));
     }
@@ -82,28 +103,8 @@ void paintOnPrinter(QWidget* parent, const PrintableDocument& document, QPdfDocu
 
 bool paintPages(QPrinter& printer, QPdfDocument& document, std::span<const PageSpan> spans) {
     printer.setFullPage(true);
-    QPainter painter;
-    const std::vector<PageSpan> all = allPages(document);
-    if (spans.empty()) {
-        spans = all;
-    }
-    bool first = true;
-    for (const PageSpan& span : spans) {
-        for (int page = std::max(span.first, 1); page <= std::min(span.last, document.pageCount());
-             ++page) {
-            if (first ? !painter.begin(&printer) : !printer.newPage()) {
-                return false;
-            }
-            first = false;
-            const QRectF sheet(QPointF(), printer.paperRect(QPrinter::DevicePixel).size());
-            const QSizeF points = document.pagePointSize(page - 1);
-            QRectF target({}, points.scaled(sheet.size(), Qt::KeepAspectRatio));
-            target.moveCenter(sheet.center());
-            const double scale = std::min(printer.resolution(), greatestResolution) / pointsPerInch;
-            painter.drawImage(target, document.render(page - 1, (points * scale).toSize()));
-        }
-    }
-    return !first && painter.end();
+    return paintSheets(printer, printer.paperRect(QPrinter::DevicePixel).size(),
+                       printer.resolution(), document, spans);
 }
 
 void printDocument(QWidget* parent, const PrintableDocument& document) {

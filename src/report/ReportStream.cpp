@@ -1,5 +1,7 @@
 #include "report/ReportStream.h"
 
+#include "storage/LineNotation.h"
+
 #include <QIODevice>
 
 #include <algorithm>
@@ -75,9 +77,9 @@ void ReportStream::writeIsoDate(std::int32_t dayNumber) {
 }
 
 bool ReportStream::flush() {
-    const auto length = static_cast<qint64>(m_used);
+    const QByteArrayView bytes(m_bytes.data(), static_cast<qsizetype>(m_used));
     m_used = 0;
-    m_failed = m_failed || m_device->write(m_bytes.data(), length) != length;
+    m_failed = m_failed || !writeAll(*m_device, bytes);
     return !m_failed;
 }
 

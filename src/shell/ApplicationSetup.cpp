@@ -7,8 +7,6 @@
 #include <QLocale>
 #include <QTranslator>
 
-#include <csignal>
-
 using namespace Qt::StringLiterals;
 
 namespace quor {
@@ -36,10 +34,6 @@ void setUpLocale() {
     if (QLocale::system().language() == QLocale::C) {
         QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     }
-}
-
-void failAtFileSizeLimit() {
-    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 void setUpApplication(QApplication& application) {

@@ -7,10 +7,6 @@ namespace quor {
 /// The locale for dates: the system's, or Italian where the system has none ("C", "POSIX").
 void setUpLocale();
 
-/// A file that would outgrow the limit of the user's session fails to be written, like one on a
-/// full disk; the system would end the program instead.
-void failAtFileSizeLimit();
-
 /// Name, version, icon, Italian texts of the toolkit's own buttons, and the locale.
 void setUpApplication(QApplication& application);
 

@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <chrono>
@@ -162,17 +161,9 @@ StateFile::Contents StateFile::read() const {
 }
 
 void StateFile::write(const Contents& contents) const {
-    QSaveFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return;
-    }
-    // Which files somebody opens is nobody else's affair.
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    // Flushed by name: a commit that does it on the way does not notice that the disk is full.
-    const QByteArray bytes = written(contents);
-    if (file.write(bytes) == bytes.size() && file.flush()) {
-        file.commit();
-    }
+    // Which files somebody opens is nobody else's affair. Where it cannot be written the old one
+    // stays: it is only memory.
+    (void)writeWholeFile(m_path, written(contents), Readers::onlyUser);
 }
 
 void StateFile::change(const std::function<void(Contents&)>& edit) const {

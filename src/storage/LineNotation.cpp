@@ -285,16 +285,29 @@ bool LineReader::fill() {
     return true;
 }
 
-std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes) {
+bool writeAll(QIODevice& device, QByteArrayView bytes) {
+    while (!bytes.isEmpty()) {
+        const qint64 written = device.write(bytes.data(), bytes.size());
+        if (written <= 0) {
+            return false;
+        }
+        bytes = bytes.sliced(written);
+    }
+    return true;
+}
+
+std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes,
+                                      Readers readers) {
     if (const QFileInfo old(path); old.exists() && !old.isFile() && !old.isDir()) {
         return u"Non è un file: niente ne prende il posto."_s; // a pipe, a device
     }
     QSaveFile file(path);
+    const bool opened =
+        file.open(QIODevice::WriteOnly) &&
+        (readers == Readers::usual || file.setPermissions(QFile::ReadOwner | QFile::WriteOwner));
     // Flushing is asked for by name: a commit that flushes a small file itself does not notice a
     // disk that is full, and would put the cut file in the old one's place.
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
-                         file.flush() && file.commit();
-    if (written) {
+    if (opened && writeAll(file, bytes) && file.flush() && file.commit()) {
         return std::nullopt;
     }
     return file.errorString();

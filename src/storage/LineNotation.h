@@ -92,9 +92,21 @@ class LineReader {
     qint64 m_skipped = 0;
 };
 
-/// Writes a whole file in one step: after a failure the old file is still there, whole.
+/// Who may read a file that is written.
+enum class Readers : std::uint8_t {
+    usual,   ///< as with the old file, or as the user has it for new ones
+    onlyUser ///< nobody else
+};
+
+/// Writes a whole file in one step: after a failure the old file is still there, whole. Nothing but
+/// a file makes way for it.
 /// @return nothing when the file was written, else the reason in the user's language
-[[nodiscard]] std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes);
+[[nodiscard]] std::optional<QString> writeWholeFile(const QString& path, const QByteArray& bytes,
+                                                    Readers readers = Readers::usual);
+
+/// All of the bytes, piece after piece: a device that takes only some of them has a reason, which
+/// it tells when it is asked to take the rest. @return false when it does not take all
+[[nodiscard]] bool writeAll(QIODevice& device, QByteArrayView bytes);
 
 /// Opens a file for reading; false for anything but a regular file (a folder, a pipe that nobody
 /// fills), which could keep the program waiting.

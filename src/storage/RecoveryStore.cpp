@@ -154,8 +154,11 @@ bool makeFolder(const QString& folder) {
         QDir().mkpath(QFileInfo(folder).path());
         mkdir(name.constData(), onlyTheUserEnters);
     }
+    if (!QFileInfo(folder).isDir()) {
+        return false; // something else of this name stays as it is
+    }
     chmod(name.constData(), onlyTheUserEnters); // one that was there already
-    return QFileInfo(folder).isDir();
+    return true;
 }
 
 } // namespace

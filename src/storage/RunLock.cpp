@@ -15,6 +15,12 @@ namespace quor {
 
 namespace {
 
+/// A pipe or a device can be locked too, but it is somebody else's, and no lock takes it away.
+bool isOrdinaryFile(int descriptor) {
+    struct stat opened {};
+    return fstat(descriptor, &opened) == 0 && S_ISREG(opened.st_mode);
+}
+
 /// The path still leads to the open file: nobody has removed it before it was locked.
 bool isFileAt(const QByteArray& path, int descriptor) {
     struct stat opened {};
@@ -42,6 +48,9 @@ std::optional<RunLock> RunLock::wait(const QString& path, std::chrono::milliseco
             return std::nullopt;
         }
         RunLock lock(descriptor, name);
+        if (!isOrdinaryFile(descriptor)) {
+            return std::nullopt;
+        }
         if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
             if (errno != EWOULDBLOCK || Clock::now() >= end) {
                 return std::nullopt;

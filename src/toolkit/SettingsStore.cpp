@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QStringList>
 
 #include <algorithm>
@@ -21,13 +22,17 @@ namespace {
 constexpr qint64 largestFile = 65536;
 
 /// The file of the user that is named after the program.
-class Store : public QSettings {
-  public:
-    Store()
-        : QSettings(QSettings::IniFormat, QSettings::UserScope, u"quor"_s) {
-        setFallbacksEnabled(false);
-    }
-};
+QString storePath() {
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
+        .filePath(u"quor.ini"_s);
+}
+
+/// Whether the toolkit can be asked to read it: of a pipe it would wait for somebody who fills it,
+/// and it takes the whole of any file into memory.
+bool canBeRead(const QString& path) {
+    const QFileInfo file(path);
+    return file.isFile() && file.size() <= largestFile;
+}
 
 QString address(const QString& section, const QString& key) {
     return section + u'/' + key;
@@ -88,14 +93,21 @@ QStringList changed(const QStringList& lines, const QString& section, const QStr
 } // namespace
 
 QString getSetting(const QString& section, const QString& key) {
+    const QString path = storePath();
+    if (!canBeRead(path)) {
+        return {};
+    }
     // A hand-written text with a comma comes back as a list.
-    return Store().value(address(section, key)).toStringList().join(u", "_s);
+    return QSettings(path, QSettings::IniFormat)
+        .value(address(section, key))
+        .toStringList()
+        .join(u", "_s);
 }
 
 bool saveSetting(const QString& section, const QString& key, const QString& value) {
     // Not by the toolkit: it waits for locks that a killed program has left, and on a disk that is
     // full it puts a cut file in the place of a whole one.
-    const QString path = Store().fileName();
+    const QString path = storePath();
     QFile file(path);
     QStringList lines;
     if (openForReading(file)) {

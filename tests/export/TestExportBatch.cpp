@@ -143,6 +143,28 @@ void TestExportBatch::failuresGoToTheErrors() {
                                  u"impossibile\nquor: 1 errori rilevati!\n"_s);
 }
 
+void TestExportBatch::aListThatCannotBeWritten() {
+    const Batch batch;
+    QFile full(u"/dev/full"_s);
+    QVERIFY(full.open(QIODevice::WriteOnly));
+    QTextStream output(&full);
+    QString said;
+    QTextStream errors(&said);
+    QCOMPARE(exportBatch({.file = batch.person(), .outputFolder = batch.path(u"out"_s), .date = {}},
+                         output, errors),
+             1);
+    QCOMPARE(said, u"quor: l'elenco dei file non si può scrivere sullo standard output\n"_s);
+    QCOMPARE(batch.files(u"out"_s).size(), 6); // which is what was asked for
+}
+
+void TestExportBatch::whatATerminalWouldObey() {
+    Batch batch;
+    const QString out = batch.path(u"a\u202Eb\x1b[2J"_s);
+    QCOMPARE(batch.run({.file = batch.person(), .outputFolder = out, .date = {}}), 0);
+    QCOMPARE(batch.output.count(u"/a?b?[2J/Anna_15-03-2004_"_s), 6);
+    QVERIFY(!batch.output.contains(QChar(0x202E)) && !batch.output.contains(u'\x1b'));
+}
+
 void TestExportBatch::aSystemsFile() {
     Batch batch;
     const QString file = batch.write(

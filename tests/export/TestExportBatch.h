@@ -14,6 +14,8 @@ class TestExportBatch : public Test {
     void wrongRequests_data();
     void wrongRequests();
     void failuresGoToTheErrors();
+    void aListThatCannotBeWritten();
+    void whatATerminalWouldObey();
     void aSystemsFile();
 };
 

@@ -9,6 +9,7 @@
 #include <csignal>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -165,6 +166,26 @@ void TestExportPng::aDeviceIsNotReplaced() {
     QCOMPARE(ExportPng(picture(), path), pngFileFailed);
     QVERIFY(QFileInfo(path).isSymLink());
     QVERIFY(!QFileInfo(u"/dev/full"_s).isFile());
+
+    const QByteArray pipe = QFile::encodeName(folder.path(u"b.png"_s));
+    QCOMPARE(mkfifo(pipe.constData(), 0600), 0);
+    QCOMPARE(ExportPng(picture(), folder.path(u"b.png"_s)), pngFileFailed);
+    struct stat found {};
+    QCOMPARE(lstat(pipe.constData(), &found), 0);
+    QVERIFY(S_ISFIFO(found.st_mode));
+}
+
+void TestExportPng::aLinkIsNotFollowed() {
+    const Folder folder;
+    writeFile(folder.path(u"precious"_s), "precious");
+    QVERIFY(QFile::link(u"precious"_s, folder.path(u"a.png"_s)));
+    QVERIFY(QFile::link(u"missing"_s, folder.path(u"b.png"_s)));
+    for (const QString& name : {u"a.png"_s, u"b.png"_s}) {
+        QCOMPARE(ExportPng(picture(), folder.path(name)), pngFileFailed);
+        QVERIFY(QFileInfo(folder.path(name)).isSymLink());
+    }
+    QCOMPARE(readFile(folder.path(u"precious"_s)), QByteArray("precious"));
+    QVERIFY(!QFile::exists(folder.path(u"missing"_s)));
 }
 
 void TestExportPng::fullAtTheHeader() {

@@ -16,6 +16,7 @@ class TestExportPng : public Test {
     void noFolder();
     void aFolderInTheWay();
     void aDeviceIsNotReplaced();
+    void aLinkIsNotFollowed();
     void fullAtTheHeader();
     void fullLater();
     void texts();

@@ -235,6 +235,13 @@ void TestExportRun::failuresAreLoggedAndCounted() {
     QVERIFY(page.readAll().contains("_Bruno_15-03-2004_StatoSettimana2.png"));
     QCOMPARE(second.summaryPath(), u"NULL"_s);
 
+    // A link at a page's name leads to no other file.
+    const QString page2 = folder.filePath(u"_Carla_15-03-2004_Riepilogo.html"_s);
+    QVERIFY(QFile::remove(page2) && QFile::link(u"elsewhere"_s, page2));
+    ExportRun linked(program, everything(folder.path()));
+    QVERIFY(finish(linked)[11].failed);
+    QVERIFY(!QFile::exists(folder.filePath(u"elsewhere"_s)));
+
     // A picture without a size is another failure.
     ExportRequest request = everything(folder.path());
     request.pictureSize = {};

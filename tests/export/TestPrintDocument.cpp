@@ -8,10 +8,13 @@
 #include "support/ScriptedDialogs.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QPageRanges>
 #include <QPrinter>
 
 #include <memory>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +44,18 @@ PrintableDocument twoPages() {
 
 void expectPrint(ScriptedDialogs& dialogs, const std::optional<PrintChoice>& choice) {
     dialogs.expectPrint(u"Stampa"_s, u"Maria_stampa_Riepilogo"_s, 2, choice);
+}
+
+bool hasInk(const QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor colour = image.pixelColor(x, y);
+            if (colour.alpha() > 128 && colour.lightness() < 128) {
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 bool jobsAreDone() {
@@ -92,6 +107,47 @@ void TestPrintDocument::aFileThatCannotBeWrittenIsReported() {
     dialogs.expectBox(u"Stampa"_s, u"Impossibile scrivere il file \"%1\"."_s.arg(file));
     printDocument(nullptr, twoPages());
     QVERIFY(dialogs.finished());
+}
+
+void TestPrintDocument::nothingButAFileMakesWay() {
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath(u"pagine.pdf"_s);
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs, PrintChoice{.printer = {}, .file = pipe});
+    dialogs.expectBox(u"Stampa"_s, u"Impossibile scrivere il file \"%1\"."_s.arg(pipe));
+    printDocument(nullptr, twoPages());
+    QVERIFY(dialogs.finished());
+    QVERIFY(!QFileInfo(pipe).isFile());
+}
+
+void TestPrintDocument::pagesThatCannotBeChosenArePainted() {
+    PrintableDocument document = twoPages();
+    document.pdf += "%trailer\n"; // a comment that hides where its table is
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"pagine.pdf"_s);
+    ScriptedDialogs dialogs;
+    expectPrint(dialogs,
+                PrintChoice{.printer = {}, .file = file, .pages = {{.first = 2, .last = 2}}});
+    // Without help of a disk, which may be full.
+    const QByteArray temporary = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(folder.filePath(u"manca"_s)));
+    printDocument(nullptr, document);
+    if (temporary.isNull()) {
+        qunsetenv("TMPDIR");
+    } else {
+        qputenv("TMPDIR", temporary);
+    }
+    QVERIFY(dialogs.finished());
+    QByteArray painted = contentOf(file);
+    QBuffer buffer(&painted);
+    buffer.open(QIODevice::ReadOnly);
+    QPdfDocument pages;
+    pages.load(&buffer);
+    QCOMPARE(pages.pageCount(), 1);
+    QCOMPARE(pages.pagePointSize(0).toSize(), QPageSize::sizePoints(QPageSize::A4));
+    QVERIFY(hasInk(pages.render(0, pages.pagePointSize(0).toSize())));
+    QCOMPARE(textsOf(painted), QStringList({QString()})); // it is a picture
 }
 
 void TestPrintDocument::aQueueGetsTheVeryFile() {

@@ -13,6 +13,8 @@ class TestPrintDocument : public Test {
     void aFileGetsTheVeryPages();
     void aFileGetsChosenPages();
     void aFileThatCannotBeWrittenIsReported();
+    void nothingButAFileMakesWay();
+    void pagesThatCannotBeChosenArePainted();
     void aQueueGetsTheVeryFile();
     void aRefusedPrintIsReported();
     void jobsEndWithTheirParentGone();

@@ -23,11 +23,16 @@
 #include <QMap>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
+
+#include <csignal>
+
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -505,6 +510,41 @@ void TestHelpService::damagedHelpIsSaid() {
     help.openHelp(nullptr, folder.filePath(u"Quor.chm"_s));
     QVERIFY(boxes.finished());
     QCOMPARE(help.window(), nullptr);
+}
+
+void TestHelpService::aFullTemporaryFolderIsSaid() {
+    const QTemporaryDir folder;
+    const QByteArray before = qgetenv("TMPDIR");
+    const auto finally = qScopeGuard([&before] {
+        if (before.isNull()) {
+            qunsetenv("TMPDIR");
+        } else {
+            qputenv("TMPDIR", before);
+        }
+    });
+    HelpService help;
+    ScriptedDialogs boxes;
+    const auto openIn = [&](const QString& temporary) {
+        qputenv("TMPDIR", QFile::encodeName(temporary));
+        boxes.expectBox(u"Errore"_s, u"La guida non si può copiare nella cartella temporanea."_s);
+        help.openHelp(nullptr, pathOf({}));
+    };
+    openIn(folder.filePath(u"manca"_s));
+    QVERIFY(boxes.finished());
+    rlimit old{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit tight{.rlim_cur = 1000, .rlim_max = old.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &tight), 0);
+    openIn(folder.path());
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &old), 0);
+    std::signal(SIGXFSZ, handler);
+    QVERIFY(boxes.finished());
+    QCOMPARE(help.window(), nullptr);
+
+    // There is place again.
+    help.openHelp(nullptr, pathOf({}));
+    QVERIFY(help.window() != nullptr);
 }
 
 void TestHelpService::controlsHaveNames() {

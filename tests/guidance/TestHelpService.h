@@ -31,6 +31,7 @@ class TestHelpService : public Test {
     void missingHelpIsSaid();
     void damagedHelpIsSaid_data();
     void damagedHelpIsSaid();
+    void aFullTemporaryFolderIsSaid();
     void controlsHaveNames();
     void accessKeysAreTold();
 };

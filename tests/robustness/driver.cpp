@@ -7,6 +7,11 @@
 //   driver state FILE...    remembers the files as opened, each after "ready" and a line of input
 //   driver setting VALUE    stores a setting, after "ready" and a line of input
 //   driver open FILE        opens the file and tells how it went
+//   driver reach FILE       drops the file on the frame, then remembers it as opened and chooses it
+//                           from the recent files, and tells how that went
+//   driver export FILE OUT  opens the file and, after "ready" and a line of input, exports it
+//   driver print FILE OUT PDF
+//                           the same, but prints it into a file
 //   driver visit FILE OUT   opens the file and every window on it, exports, previews and prints it
 
 #include "core/Clock.h"
@@ -15,6 +20,7 @@
 #include "shell/Folders.h"
 #include "shell/MDIForm1.h"
 #include "shell/StateFile.h"
+#include "storage/ProcessSetup.h"
 #include "toolkit/ChildWindow.h"
 #include "toolkit/SettingsStore.h"
 
@@ -23,16 +29,20 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QElapsedTimer>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QTextStream>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
+#include <QUrl>
 
 #include <algorithm>
 #include <csignal>
@@ -214,14 +224,8 @@ void tellWindows(const House& house) {
     }
 }
 
-int open(const QString& file) {
-    House house(QDir::homePath());
-    const Pulse pulse;
-    QElapsedTimer since;
-    since.start();
-    house.open(file);
-    const qint64 opened = since.elapsed();
-    say(u"opened %1 ms"_s.arg(opened));
+/// Turns of the event loop after something was opened, and how it went.
+int tellAfterwards(const House& house, const Pulse& pulse) {
     QTimer::singleShot(300, [] { QCoreApplication::exit(); });
     QCoreApplication::exec();
     const AppState& state = house.program.state;
@@ -233,6 +237,38 @@ int open(const QString& file) {
     say(u"gap %1 ms"_s.arg(pulse.longest()));
     tellWindows(house);
     return 0;
+}
+
+int open(const QString& file) {
+    House house(QDir::homePath());
+    const Pulse pulse;
+    QElapsedTimer since;
+    since.start();
+    house.open(file);
+    say(u"opened %1 ms"_s.arg(since.elapsed()));
+    return tellAfterwards(house, pulse);
+}
+
+int reach(const QString& file) {
+    House house(QDir::homePath());
+    const Pulse pulse;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    QDragEnterEvent entering({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&house.frame, &entering);
+    QDropEvent dropping({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&house.frame, &dropping);
+    say(entering.isAccepted() && dropping.isAccepted() ? u"dropped"_s : u"not taken"_s);
+    QApplication::processEvents();
+
+    const FileKind kind = fileKind(file);
+    StateFile(stateFolder()).addRecentFile(kind, file);
+    auto* recent = house.frame.findChild<QMenu*>(
+        kind == FileKind::system ? u"mnuSistemiRecenti"_s : u"mnuBioritmiRecenti"_s);
+    emit qobject_cast<QMenu*>(recent->parent())->aboutToShow();
+    say(u"recent %1"_s.arg(recent->actions().size()));
+    recent->actions().constFirst()->trigger();
+    return tellAfterwards(house, pulse);
 }
 
 void press(const QWidget& window, const QString& name) {
@@ -305,6 +341,20 @@ bool print(House& house, Command command) {
     return finished;
 }
 
+/// What comes of a run of exports or a print once somebody has spoilt a folder.
+int exportOrPrint(const QString& file, const QString& out, const QString& printed) {
+    House house(QDir::homePath());
+    house.host.printed = printed;
+    house.open(file);
+    house.program.state.exportFolder = out;
+    waitForLine();
+    const bool ended = printed.isEmpty() ? exportAll(house, Command::mnuEsporta, PrintMode::preview)
+                                         : print(house, Command::mnuStampa);
+    say(ended && house.frame.isEnabled() ? u"goes on"_s : u"HANGS"_s);
+    house.program.state.modified = false;
+    return 0;
+}
+
 int visit(const QString& file, const QString& out) {
     House house(QDir::homePath());
     house.host.printed = QDir(out).filePath(u"stampa.pdf"_s);
@@ -360,6 +410,15 @@ int main(int argc, char** argv) {
     }
     if (task == u"open"_s && words.size() == 1) {
         return peak(open(words[0]));
+    }
+    if (task == u"reach"_s && words.size() == 1) {
+        return peak(reach(words[0]));
+    }
+    if (task == u"export"_s && words.size() == 2) {
+        return exportOrPrint(words[0], words[1], {});
+    }
+    if (task == u"print"_s && words.size() == 3) {
+        return exportOrPrint(words[0], words[1], words[2]);
     }
     if (task == u"visit"_s && words.size() == 2) {
         return peak(visit(words[0], words[1]));

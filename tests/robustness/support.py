@@ -22,7 +22,18 @@ NOBODY = 65534
 SKIPPED = 77
 MOUNTED = "QUOR_ROBUSTNESS_MOUNTED"
 
+# Whoever starts a script with no surroundings has neither.
+os.environ.setdefault("PATH", os.defpath)
+PYTHON = sys.executable or os.readlink("/proc/self/exe")
+
 tried = {}
+
+
+def build_folder():
+    """The first argument, or where the preset "release" builds."""
+    if len(sys.argv) > 1 and not sys.argv[1].startswith("-"):
+        return pathlib.Path(sys.argv[1]).absolute()
+    return pathlib.Path(__file__).absolute().parents[2] / "build" / "release"
 
 
 def count(what, number=1):
@@ -39,7 +50,7 @@ def enter_own_mounts():
         if shutil.which("unshare") and not subprocess.run(
                 probe, capture_output=True, check=False).returncode:
             os.environ[MOUNTED] = "yes"
-            os.execvp(command[0], [*command, sys.executable, "-B", *sys.argv])
+            os.execvp(command[0], [*command, PYTHON, "-B", *sys.argv])
     os.environ[MOUNTED] = ""
 
 
@@ -62,6 +73,12 @@ def is_really_root():
     return pathlib.Path("/proc/self/uid_map").read_text().split()[2] != "1"
 
 
+def can_trace():
+    return shutil.which("strace") and not subprocess.run(
+        ["strace", "-f", "-qq", "-o", "/dev/null", "true"], capture_output=True,
+        check=False).returncode
+
+
 def become_nobody():
     os.setgroups([])
     os.setgid(NOBODY)
@@ -72,8 +89,7 @@ def become_nobody():
 
 def within_reach(build, *programs):
     """The folder of the programs, or of copies of them where another user may not enter it: root's
-    own home, for one, is closed to everybody else."""
-    build = pathlib.Path(build).absolute()
+    own home, for one, is closed to everybody else. What was not built is left out."""
     if not is_really_root() or all(folder.stat().st_mode & 0o001
                                    for folder in (build, *build.parents)):
         return build
@@ -81,7 +97,8 @@ def within_reach(build, *programs):
     atexit.register(shutil.rmtree, copies, ignore_errors=True)
     copies.chmod(0o755)
     for program in programs:
-        shutil.copy(build / program, copies)
+        if (build / program).is_file():
+            shutil.copy(build / program, copies)
     return copies
 
 

@@ -1,9 +1,10 @@
+#!/usr/bin/env python3
 """Runs of the program without a window, ended by kill -9 at random moments: each file is the old one
 or the new one, whole.
 
-Usage: test_killed_runs.py BUILD [TIMES]
+Usage: test_killed_runs.py [BUILD [TIMES]]
 
-BUILD holds quor.
+BUILD, else build/release, holds quor.
 """
 
 import pathlib
@@ -86,7 +87,7 @@ class KilledRunsTest(Place):
 
 
 if __name__ == "__main__":
-    BUILD = pathlib.Path(sys.argv[1]).absolute()
+    BUILD = support.build_folder()
     TIMES = int(sys.argv[2]) if len(sys.argv) > 2 else TIMES
     support.main(lambda tests, bad, skipped: f"{support.tried.get('kills', 0)} runs killed, "
                  f"{support.tried.get('under way', 0)} of them under way: "

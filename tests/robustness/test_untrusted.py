@@ -1,10 +1,11 @@
+#!/usr/bin/env python3
 """Files from a stranger, opened, looked at in every window, exported, previewed and printed: they
 write nowhere but where they should, start nothing, reach no network, and nothing in them is markup.
 
-Usage: test_untrusted.py BUILD [--full]
+Usage: test_untrusted.py [BUILD] [--full]
 
-BUILD holds quor, quor-render and robustness_driver. What a run does is seen from outside, by its
-system calls. --full previews and prints every name, not only some.
+BUILD, else build/release, holds quor, quor-render and robustness_driver. What a run does is seen
+from outside, by its system calls. --full previews and prints every name, not only some.
 """
 
 import html.parser
@@ -48,6 +49,10 @@ NAMES = {
     "nul": b"Ma\0ria",
     "line": b"Ma\x85\xa0\xadria",
     "format": b"%n%n%n%s%s%s {0} %1 %2 \\n \\x41",
+    "reserved": b"CON",
+    "hyphens": b"-rf",
+    "blanks": b"   quor-evil   ",
+    "variables": b"$HOME/${IFS}quor-evil ~ %HOME% !x",
     "long": b"W" * 10000,
     "long words": b"Wort " * 2000,
     "long markup": b"<b>" * 3300,
@@ -56,7 +61,11 @@ NAMES = {
 # Of files: a name of a file is the stranger's choice, too.
 FILE_NAMES = ["<b>x<img src=x>.bio", "a\u202egnp.oib.bio", "-o quor-evil.bio", "--help.bio",
               "$(touch quor-evil).bio", "a\nb\x1b[2J.bio", "%2e%2e%2f.bio", "è&amp;#;?x=y.bio",
-              "W" * 240 + ".bio"]
+              "W" * 251 + ".bio", "è" * 125 + ".bio", "\U0001f600" * 60 + ".bio", "CON.bio", "-rf.bio",
+              "  spazi  .bio", "..bio", "...bio", ".bio", "~.bio", "$HOME.bio", "a\\..\\b.bio", "a%s%n.bio",
+              "a\u2028b\u200f.bio", "e\u0301.bio", "&amp;&lt;.bio"]
+# What a terminal obeys: control characters but the line's end, and those of the writing direction.
+COMMANDS = "[\\x00-\\x09\\x0b-\\x1f\\x7f-\\x9f\\u200e\\u200f\\u2028-\\u202e\\u2066-\\u2069]"
 HEAD = "<DOCTYPE HTML PUBLIC>\r\n"  # to the letter
 RENDERED = ["script", "up", "controls", "long"]
 
@@ -163,7 +172,7 @@ class UntrustedTest(Place):
         trace = ["strace", "-f", "-y", "-qq", "-s", "5000", "-o", str(log),
                  "-e", "trace=open,openat,openat2,creat,execve,execveat,socket,connect,sendto,sendmsg,bind,"
                  + ",".join(sorted(Calls.CHANGING)), "--seccomp-bpf"]
-        if not self.can_trace():
+        if not support.can_trace():
             self.skipTest("strace is missing or may not look at other processes here")
         result = subprocess.run([*trace, *words], env=support.environment(self.home),
                                 cwd=self.home, capture_output=True, timeout=240, check=False)
@@ -176,12 +185,6 @@ class UntrustedTest(Place):
         """Runs it and looks at what it does. @return its output"""
         self.check(Calls(self.trace(*command)))
         return self.output
-
-    @staticmethod
-    def can_trace():
-        return shutil.which("strace") and not subprocess.run(
-            ["strace", "-f", "-qq", "-o", "/dev/null", "true"], capture_output=True,
-            check=False).returncode
 
     def check(self, calls):
         self.assertGreater(len(calls.started), 0, "nothing was seen")
@@ -224,7 +227,7 @@ class UntrustedTest(Place):
                 self.assertNotRegex(picture, r"^[A-Za-z][A-Za-z0-9+.-]*:|^/|^\\|(^|/)\.\.(/|$)")
                 name = urllib.parse.unquote_to_bytes(picture.encode("latin-1"))
                 candidates = {name.decode("utf-8", "replace"), name.decode("cp1252", "replace")}
-                self.assertTrue(any((self.out / c).is_file() for c in candidates), picture)
+                self.assertTrue(any(os.path.isfile(self.out / c) for c in candidates), picture)
             texts.append("".join(page.text["title"]))
             count("pages")
         return texts
@@ -235,7 +238,7 @@ class UntrustedTest(Place):
                   "os.chdir('/'); os.close(os.open('tmp', os.O_RDONLY)); "
                   "socket.socket(socket.AF_INET, socket.SOCK_DGRAM).connect(('127.0.0.1', 9)); "
                   "subprocess.run(['true'])")
-        log = self.trace(sys.executable, "-c", script)
+        log = self.trace(support.PYTHON, "-c", script)
         calls = Calls(log)
         self.assertIn(str(self.folder / "quor-evil"), calls.written)
         self.assertIn("true", calls.started)
@@ -266,7 +269,7 @@ class UntrustedTest(Place):
         output = self.traced(BUILD / "quor", "--export", file, "--output", self.out)
         # A line each, and nothing in it that a terminal would obey.
         self.assertEqual(len(output.splitlines()), 6 * len(NAMES))
-        self.assertNotRegex(output, r"[\x00-\x09\x0b-\x1f\x7f-\x9f]")
+        self.assertNotRegex(output, COMMANDS)
         self.check_products(6 * len(NAMES))
         for form in ("text", "json", "csv", "ics"):
             output = self.traced(BUILD / "quor", "--report", file, "--format", form)
@@ -299,9 +302,34 @@ class UntrustedTest(Place):
                 file = self.home / name
                 file.write_bytes(support.person("Maria"))
                 output = self.traced(BUILD / "quor", "--export", file, "--output", self.out)
-                self.assertNotRegex(output, r"[\x00-\x09\x0b-\x1f\x7f-\x9f]")
+                self.assertNotRegex(output, COMMANDS)
                 self.check_products(6)
                 count("names")
+
+    def test_long_paths(self):
+        """As long as a path may be, and longer: all of it is written, or nothing."""
+        product = len("/persona_21-11-2026_StatoSettimana0.png")
+        for length, fits in ((4095 - product, True), (4095 - product + 1, False)):
+            with self.subTest(length=length):
+                folder = str(self.out)
+                while len(folder) < length - 201:
+                    folder += "/" + "d" * 200
+                folder += "/" + "d" * (length - len(folder) - 1)
+                os.makedirs(folder)
+                file = self.home / "persona.bio"
+                file.write_bytes(support.person("Maria"))
+                result = subprocess.run(
+                    [str(BUILD / "quor"), "--export", str(file), "--output", folder],
+                    env=support.environment(self.home), capture_output=True, timeout=60, check=False)
+                products = {name: os.path.getsize(f"{folder}/{name}") for name in os.listdir(folder)}
+                self.assertEqual(result.returncode, 0 if fits else 1)
+                failed = result.stderr.count(b": Errore: ")
+                self.assertEqual(len(products) + failed, 6)
+                self.assertEqual(failed, 0 if fits else 4)  # those of the longest names
+                self.assertNotIn(0, products.values())
+                count("names")
+                shutil.rmtree(self.out)
+                self.out.mkdir()
 
     def test_complaints(self):
         """What a terminal would obey does not reach it by way of a message."""
@@ -320,6 +348,6 @@ class UntrustedTest(Place):
 
 if __name__ == "__main__":
     FULL = "--full" in sys.argv
-    BUILD = pathlib.Path(sys.argv[1]).absolute()
+    BUILD = support.build_folder()
     support.main(lambda tests, bad, skipped: f"{support.tried.get('names', 0)} strangers' names, "
                  f"{support.tried.get('pages', 0)} pages, {bad} tests wrong, {skipped} skipped")

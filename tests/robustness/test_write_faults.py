@@ -1,16 +1,18 @@
+#!/usr/bin/env python3
 """What happens to files that cannot be written: the message or log line that is due, the old file
 whole, nothing left beside it, and the program goes on.
 
-Usage: test_write_faults.py BUILD
+Usage: test_write_faults.py [BUILD]
 
-BUILD holds quor and robustness_driver. Every kind of file that the program writes meets every way of
-not being written.
+BUILD, else build/release, holds quor, quor-render and robustness_driver. Every kind of file that the
+program writes meets every way of not being written.
 """
 
 import contextlib
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 
@@ -173,9 +175,12 @@ class WriteFaultsTest(Place):
                 file.parent.mkdir(parents=True, exist_ok=True)
                 file.write_bytes(old_file[1])
                 if fault.nobody:
-                    for path in (folder.parent, *self.home.rglob("*"), self.home, folder, file,
-                                 file.parent):
+                    for path in (folder.parent, folder, file, file.parent):
                         os.chown(path, support.NOBODY, support.NOBODY)
+                if os.geteuid() == 0:
+                    owner = support.NOBODY if fault.nobody else 0
+                    for path in (*self.home.rglob("*"), self.home):
+                        os.chown(path, owner, owner)
 
                 def start(fault=fault):
                     fault.limit()
@@ -201,6 +206,7 @@ class WriteFaultsTest(Place):
             message = f'box Errore|Errore imprevisto: il file "{fault.file}" non è stato salvato.'
             self.assertEqual(lines[0].split("\\n")[0], message)
             self.assertRegex(lines[0], r"salvato\.\\n\S.+", "the reason is missing")
+            self.assertNotIn("Unknown error", lines[0])
             self.assertEqual((lines[1:], status, errors), (["modified"], 0, ""))
             self.assert_untouched(fault, before)
         self.each(faults, (NAMES[kind], content), work)
@@ -301,14 +307,22 @@ class WriteFaultsTest(Place):
         self.each([FullDisk, ReadOnlyDisk, SizeLimit, ReadOnlyFolder], ("quor/altro", b""), work)
 
 
-class ProductsTest(WriteFaultsTest):
-    """Pictures, pages and reports: the program without a window."""
-
-    PRODUCTS = ["grafico.png", *(f"StatoSettimana{i}.png" for i in range(4)), "Riepilogo.html"]
-
+class OtherFilesTest(WriteFaultsTest):
     # Of the other class only the steps are wanted.
     test_biorhythm = test_system = test_what_is_no_file = None
     test_settings = test_state = test_recovery = None
+
+    PRODUCTS = ["grafico.png", *(f"StatoSettimana{i}.png" for i in range(4)), "Riepilogo.html"]
+
+    def person(self):
+        source = self.folder / "persona.bio"
+        source.write_bytes(OLD)
+        source.chmod(0o644)
+        return source
+
+
+class ProductsTest(OtherFilesTest):
+    """Pictures, pages and reports: the program without a window, and the window of exports."""
 
     def export(self, source, folder, start=None):
         return subprocess.run(
@@ -317,8 +331,7 @@ class ProductsTest(WriteFaultsTest):
             check=False)
 
     def test_export(self):
-        source = self.folder / "persona.bio"
-        source.write_bytes(OLD)
+        source = self.person()
         old = {f"persona_21-11-2026_{product}": b"vecchio " + product.encode() * 600
                for product in self.PRODUCTS}
 
@@ -343,9 +356,40 @@ class ProductsTest(WriteFaultsTest):
         self.each([FullDisk, ReadOnlyDisk, SizeLimit, ReadOnlyFolder, RefusedRename],
                   ("altro", b"altro"), work)
 
+    def test_window_of_exports(self):
+        """Each product has its line in the log, and a box tells the sum."""
+        source = self.person()
+
+        def work(fault, start):
+            name = "persona_21-11-2026_grafico.png"
+            (fault.folder / name).write_bytes(b"vecchio")
+            if fault.nobody:
+                os.chown(fault.folder / name, support.NOBODY, support.NOBODY)
+            driver = Waiting([BUILD / "robustness_driver", "export", source, fault.folder],
+                             self.home, start)
+            self.addCleanup(driver.process.kill)
+            driver.wait_ready()
+            before = bytes_under(fault.folder)
+            fault.strike()
+            lines, status, errors = driver.go_on()
+            fault.heal()
+            self.assertEqual((status, errors), (0, ""))
+            log = [line for line in lines if line.startswith("log ")]
+            products = [line for line in log if " --> " in line]
+            self.assertEqual(len(products), 6, lines)
+            for line in products:
+                self.assertRegex(line, " --> Errore: (creazione del file impossibile"
+                                 "|inizializzazione dell'header dell'immagine"
+                                 "|creazione dell'immagine impossibile)$")
+            self.assertEqual([line for line in lines if line.startswith("box ")],
+                             ["box Quor|6 errori rilevati!"])
+            self.assertEqual(lines[-1], "goes on")
+            self.assert_untouched(fault, before)
+        self.each([FullDisk, ReadOnlyDisk, SizeLimit, ReadOnlyFolder, VanishedFolder], ("altro", b"altro"),
+                  work)
+
     def test_export_where_one_product_is_refused(self):
-        source = self.folder / "persona.bio"
-        source.write_bytes(OLD)
+        source = self.person()
         name = "persona_21-11-2026_StatoSettimana2.png"
 
         def work(fault, start):
@@ -362,9 +406,7 @@ class ProductsTest(WriteFaultsTest):
         self.each([MountedFile], (name, b"vecchio"), work)
 
     def test_report(self):
-        source = self.folder / "persona.bio"
-        source.write_bytes(OLD)
-        source.chmod(0o644)
+        source = self.person()
 
         def work(fault, start):
             before = bytes_under(fault.folder)
@@ -377,12 +419,12 @@ class ProductsTest(WriteFaultsTest):
             self.assertEqual((result.returncode, result.stdout), (1, ""))
             self.assertRegex(result.stderr, r"\Aquor: il rapporto non si può scrivere in "
                              + re.escape(str(fault.file)) + r": \S.*\n\Z")
+            self.assertNotIn("Unknown error", result.stderr)
             self.assert_untouched(fault, before)
         self.each([*FAULTS, NearlyFullDisk], ("rapporto.csv", b"vecchio rapporto"), work)
 
     def test_export_where_a_product_is_no_file(self):
-        source, out = self.folder / "persona.bio", self.folder / "out"
-        source.write_bytes(OLD)
+        source, out = self.person(), self.folder / "out"
         out.mkdir()
         pipes = [out / f"persona_21-11-2026_{name}" for name in ("grafico.png", "Riepilogo.html")]
         for pipe in pipes:
@@ -395,9 +437,27 @@ class ProductsTest(WriteFaultsTest):
         self.assertTrue(all(pipe.is_fifo() for pipe in pipes))
         count("faults")
 
+    def test_export_through_links(self):
+        """Nobody has chosen the names of products, so what lies behind a link stays as it is."""
+        source, out = self.person(), self.folder / "out"
+        out.mkdir()
+        precious = self.folder / "prezioso"
+        precious.write_bytes(b"prezioso")
+        links = [out / f"persona_21-11-2026_{product}" for product in self.PRODUCTS]
+        for number, link in enumerate(links):
+            link.symlink_to(precious if number % 2 else self.folder / "manca")
+        result = self.export(source, out)
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertEqual(result.stderr.splitlines(), [
+            *(f"{link}: Errore: creazione del file impossibile" for link in links),
+            "quor: 6 errori rilevati!"])
+        self.assertEqual(precious.read_bytes(), b"prezioso")
+        self.assertFalse((self.folder / "manca").exists())
+        self.assertTrue(all(link.is_symlink() for link in links))
+        count("faults")
+
     def test_export_where_the_folder_cannot_be_made(self):
-        source = self.folder / "persona.bio"
-        source.write_bytes(OLD)
+        source = self.person()
         obstacle = self.folder / "file"
         obstacle.write_bytes(b"file")
         result = self.export(source, obstacle / "folder")
@@ -406,9 +466,202 @@ class ProductsTest(WriteFaultsTest):
         self.assertEqual(obstacle.read_bytes(), b"file")
         count("faults")
 
+    def test_standard_output(self):
+        """Full, closed, or left by whoever read it: said in one line, and told by the status."""
+        source = self.person()
+        report = "quor: il rapporto non si può scrivere sullo standard output: "
+        listed = "quor: l'elenco dei file non si può scrivere sullo standard output\n"
+        answer = "quor: lo standard output non si può scrivere: "
+        runs = [(["--help"], answer), (["--version"], answer),
+                (["--export", source, "--output", self.folder / "out"], listed),
+                *((["--report", source, "--format", form], report)
+                  for form in ("text", "json", "csv", "ics"))]
+        reading, left = os.pipe()
+        os.close(reading)
+        self.addCleanup(os.close, left)
+        with open("/dev/full", "wb") as full:
+            for name, stream, prepare in (("full", full, None),
+                                          ("closed", full, lambda: os.close(1)),
+                                          ("left", left, None)):
+                for arguments, complaint in runs:
+                    if name == "left" and complaint == answer:
+                        continue  # ended by the system, in silence, as usual
+                    with self.subTest(stream=name, arguments=arguments):
+                        result = subprocess.run(
+                            [str(BUILD / "quor"), *map(str, arguments)], stdout=stream,
+                            stderr=subprocess.PIPE, text=True, timeout=60, check=False,
+                            env=support.environment(self.home), preexec_fn=prepare)
+                        self.assertEqual(result.returncode, 1)
+                        self.assertTrue(result.stderr.startswith(complaint), result.stderr)
+                        self.assertEqual(result.stderr.count("\n"), 1)
+                        count("faults")
+        whole = self.export(source, self.folder / "whole")
+        self.assertEqual(whole.returncode, 0)
+        self.assertEqual(listing(self.folder / "out"), listing(self.folder / "whole"))
+
+    def test_nothing_is_printed_into_a_file(self):
+        """Closed streams leave their numbers to nobody."""
+        source, out, whole = self.person(), self.folder / "out", self.folder / "whole"
+
+        def close_all():
+            for stream in range(3):
+                os.close(stream)
+        for folder, prepare in ((whole, None), (out, close_all)):
+            folder.mkdir()
+            for arguments in (["--export", source, "--output", folder],
+                              ["--report", source, "--output", folder / "rapporto"]):
+                subprocess.run([str(BUILD / "quor"), *map(str, arguments)], stdin=subprocess.DEVNULL,
+                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=60,
+                               env=support.environment(self.home), preexec_fn=prepare, check=False)
+        self.assertEqual(len(listing(whole)), 7)
+        self.assertEqual(listing(out), listing(whole))
+        count("faults")
+
+
+class ForcedTest(OtherFilesTest):
+    """What takes its place has reached the disk before."""
+
+    def steps(self, *command):
+        """Runs it. @return in their order, what was forced onto the disk and what took its place"""
+        if not support.can_trace():
+            self.skipTest("strace is missing or may not look at other processes here")
+        log = self.folder / "calls"
+        subprocess.run(
+            ["strace", "-f", "-qq", "-o", str(log), "-e",
+             "trace=fsync,fdatasync,rename,renameat,renameat2,link,linkat", "-s", "5000",
+             *map(str, command)], input="\n", text=True,
+            env=support.environment(self.home, ASAN_OPTIONS="detect_leaks=0"),
+            check=True, capture_output=True, timeout=120)
+        steps = []
+        for line in log.read_text(encoding="utf-8", errors="replace").splitlines():
+            call = re.match(r"\d+ +(\w+)\(.*= 0$", line)
+            if call and call[1].endswith("sync"):
+                steps.append("forced")
+            elif call:
+                name = os.path.basename(re.findall(r'"([^"]*)"', line)[-1])
+                if not re.search(r"\.\w{6}$", name):  # beside its place, for one that has an old file
+                    steps.append(name)
+        return steps
+
+    def test_order(self):
+        source, out = self.person(), self.folder / "out"
+        several = self.folder / "sistema.brs"
+        several.write_bytes(OLD_SYSTEM)
+        driver = BUILD / "robustness_driver"
+        runs = [([BUILD / "quor", "--export", source, "--output", out],
+                 [f"persona_21-11-2026_{product}" for product in self.PRODUCTS]),
+                ([BUILD / "quor", "--report", source, "--output", out / "rapporto"], ["rapporto"]),
+                ([driver, "save", source], ["persona.bio"]),
+                ([driver, "save", several], ["sistema.brs"]),
+                ([driver, "setting", "FALSE"], ["quor.ini"])]
+        for command, files in runs:
+            for time in ("new", "again"):
+                with self.subTest(command=command[1:], time=time):
+                    steps = self.steps(*command)
+                    for file in files:
+                        place = steps.index(file)
+                        self.assertEqual(steps[place - 1], "forced", steps)
+                        count("forced")
+
+
+class PrintedPagesTest(OtherFilesTest):
+    """The program that makes pages, and printing into a file."""
+
+    def setUp(self):
+        super().setUp()
+        if not (BUILD / "quor-render").is_file():
+            self.skipTest("there is no engine for pages")
+
+    def test_renderer(self):
+        source, pages = self.person(), self.folder / "pages"
+        subprocess.run([str(BUILD / "quor"), "--export", str(source), "--print", "--output",
+                        str(pages)], env=support.environment(self.home), check=True,
+                       stdout=subprocess.DEVNULL, timeout=60)
+        [page] = pages.glob("*.html")
+
+        def work(fault, start):
+            before = bytes_under(fault.folder)
+            fault.strike()
+            result = subprocess.run(
+                [str(BUILD / "quor-render"), str(page), str(fault.file)], text=True,
+                env=support.environment(self.home), preexec_fn=start, capture_output=True,
+                timeout=120, check=False)
+            fault.heal()
+            complaint = f"il file non si può scrivere: {re.escape(str(fault.file))}: \\S.*"
+            status = 3
+            if isinstance(fault, SizeLimit):  # which the engine itself does not get along with
+                complaint, status = "la pagina non si può caricare|il motore si è interrotto", 1
+            self.assertRegex(result.stderr, rf"\Aquor-render: ({complaint})\n\Z")
+            self.assertNotIn("Unknown error", result.stderr)
+            self.assertEqual((result.returncode, result.stdout), (status, ""))
+            self.assert_untouched(fault, before)
+        self.each([*FAULTS, NearlyFullDisk], ("pagine.pdf", b"%PDF- vecchio"), work)
+
+    def print_into_file(self, faults, old, work_on, complaint):
+        """`work_on` gives the folder of exports and the file that is printed, for a fault."""
+        source = self.person()
+
+        def work(fault, start):
+            out, pdf = work_on(fault)
+            driver = Waiting([BUILD / "robustness_driver", "print", source, out, pdf], self.home,
+                             start)
+            self.addCleanup(driver.process.kill)
+            driver.wait_ready()
+            before = bytes_under(fault.folder)
+            fault.strike()
+            lines, status, errors = driver.go_on()
+            fault.heal()
+            boxes = [line for line in lines if line.startswith("box ")]
+            self.assertEqual(len(boxes), 1, lines)
+            self.assertRegex(boxes[0], complaint(fault))
+            self.assertEqual((lines[-1], status, errors), ("goes on", 0, ""))
+            self.assert_untouched(fault, before)
+        self.each(faults, old, work)
+
+    def own_folder(self, name):
+        folder = self.home / name
+        folder.mkdir(exist_ok=True)
+        shutil.chown(folder, self.home.stat().st_uid, self.home.stat().st_gid)
+        return folder
+
+    def test_file(self):
+        self.print_into_file(
+            [FullDisk, NearlyFullDisk, ReadOnlyDisk, ReadOnlyFolder, VanishedFolder, RefusedRename,
+             MountedFile], ("pagine.pdf", b"%PDF- vecchio"),
+            lambda fault: (self.own_folder("out"), fault.file),
+            lambda fault: "^box Stampa\\|Impossibile scrivere il file "
+                          f'"{re.escape(str(fault.file))}"\\.$')
+
+    def test_folder_of_exports(self):
+        self.print_into_file(
+            [FullDisk, ReadOnlyDisk, SizeLimit, ReadOnlyFolder, VanishedFolder],
+            ("altro", b"altro"),
+            lambda fault: (fault.folder, self.own_folder("pdf") / "pagine.pdf"),
+            lambda fault: r"^box Avviso\|La stampa è stata interrotta\.")
+        self.assertEqual(listing(self.home / "pdf"), {})
+
+    def test_temporary_folder(self):
+        def work_on(fault):
+            temporary = self.home / "tmp"
+            if temporary.is_symlink():
+                temporary.unlink()
+            else:
+                temporary.rmdir()
+            temporary.symlink_to(fault.folder)
+            return self.own_folder("out"), self.own_folder("pdf") / "pagine.pdf"
+        self.print_into_file(
+            [FullDisk, ReadOnlyDisk, ReadOnlyFolder, VanishedFolder], ("altro", b"altro"), work_on,
+            lambda fault: r"^box Errore\|Non si può creare una cartella temporanea"
+                          if isinstance(fault, VanishedFolder) else
+                          r"^box Errore\|(Non si può creare una cartella temporanea"
+                          r"|Le pagine non si possono scrivere nella cartella temporanea"
+                          r"|La pagina da stampare manca|Il programma che prepara le pagine)")
+        self.assertEqual(listing(self.home / "pdf"), {})
+
 
 if __name__ == "__main__":
     support.enter_own_mounts()
-    BUILD = support.within_reach(sys.argv[1], "quor", "robustness_driver")
+    BUILD = support.within_reach(support.build_folder(), "quor", "quor-paper.so", "quor-render",
+                                 "robustness_driver")
     support.main(lambda tests, bad, skipped: f"{support.tried.get('faults', 0)} faults while "
                  f"writing, {bad} wrong, {skipped} tests skipped")

@@ -213,6 +213,20 @@ void TestStateFile::whatIsNoFile() {
     QCOMPARE(mkfifo(QFile::encodeName(fixture.path()).constData(), 0600), 0);
     QVERIFY(fixture.state.recentFiles(bio).isEmpty());
     QVERIFY(fixture.state.framePlace().isEmpty());
+
+    // Nor does it make way for a file, whether it stands there or a link leads to it.
+    const QByteArray path = QFile::encodeName(fixture.path());
+    const QByteArray elsewhere = QFile::encodeName(fixture.folder() + u"/elsewhere"_s);
+    const auto isPipe = [](const QByteArray& name) {
+        struct stat found {};
+        return stat(name.constData(), &found) == 0 && S_ISFIFO(found.st_mode);
+    };
+    fixture.state.addRecentFile(bio, u"/a/Anna.bio"_s);
+    QVERIFY(isPipe(path));
+    QVERIFY(QFile::rename(fixture.path(), QFile::decodeName(elsewhere)));
+    QVERIFY(QFile::link(QFile::decodeName(elsewhere), fixture.path()));
+    fixture.state.addRecentFile(bio, u"/a/Anna.bio"_s);
+    QVERIFY(isPipe(elsewhere));
 }
 
 void TestStateFile::programsSideBySide() {

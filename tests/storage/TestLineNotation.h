@@ -27,6 +27,8 @@ class TestLineNotation : public Test {
     void aLongLineIsNoValue();
     void readingIsBounded();
     void endlessLinesAreBounded();
+    void everyPieceIsWritten();
+    void nothingButAFileMakesWay();
 };
 
 } // namespace quor::test

@@ -553,6 +553,20 @@ void TestRecoveryStore::bothKindsUnderOneName() {
     QVERIFY(place.store().left().works.empty());
 }
 
+void TestRecoveryStore::whatHasTheFoldersNameStaysAsItIs() {
+    const Place place;
+    QVERIFY(QDir().mkpath(QFileInfo(place.folder()).path()));
+    const QByteArray name = QFile::encodeName(place.folder());
+    QCOMPARE(mkfifo(name.constData(), 0640), 0);
+    RecoveryStore store = place.store();
+    QVERIFY(store.left().works.empty());
+    QVERIFY(!store.write(workOf(mariasProgram())));
+    struct stat found {};
+    QCOMPARE(lstat(name.constData(), &found), 0);
+    QVERIFY(S_ISFIFO(found.st_mode));
+    QCOMPARE(found.st_mode & 0777U, 0640U);
+}
+
 void TestRecoveryStore::aFolderThatCannotBeMade() {
     const Files files;
     RecoveryStore store(files.write("a file") + u"/recupero"_s);

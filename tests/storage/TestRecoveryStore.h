@@ -36,6 +36,7 @@ class TestRecoveryStore : public Test {
     void whatIsNoFileIsLeftAlone();
     void remainsAreCleared();
     void bothKindsUnderOneName();
+    void whatHasTheFoldersNameStaysAsItIs();
     void aFolderThatCannotBeMade();
     void aFullDisk();
     void killedAtAnyMoment();

@@ -13,6 +13,7 @@
 #include <csignal>
 #include <thread>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -87,6 +88,11 @@ void TestRunLock::whereNoFileCanBeMade() {
     QVERIFY(!RunLock::take(files.path(u"folder"_s)));
     QVERIFY(QFile::link(files.write("elsewhere"), files.path(u"link"_s)));
     QVERIFY(!RunLock::take(files.path(u"link"_s)));
+    const QByteArray pipe = QFile::encodeName(files.path(u"pipe"_s));
+    QCOMPARE(mkfifo(pipe.constData(), 0600), 0);
+    QVERIFY(!RunLock::take(files.path(u"pipe"_s)));
+    struct stat found {};
+    QCOMPARE(lstat(pipe.constData(), &found), 0);
 }
 
 void TestRunLock::startedProgramsDoNotHoldIt() {

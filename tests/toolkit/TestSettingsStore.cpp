@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QStandardPaths>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace quor::test {
@@ -113,6 +115,32 @@ void TestSettingsStore::whatIsNoFile() {
     QVERIFY(QDir().mkpath(settingsFile()));
     QVERIFY(!saveSetting(u"Options"_s, u"FastStart"_s, u"TRUE"_s));
     QVERIFY(QDir().rmdir(settingsFile()));
+
+    // Whoever opens a pipe to read waits for the one who writes.
+    const QByteArray path = QFile::encodeName(settingsFile());
+    QCOMPARE(mkfifo(path.constData(), 0600), 0);
+    QCOMPARE(readFastStart(), u"TRUE"_s);
+    QVERIFY(!saveSetting(u"Options"_s, u"FastStart"_s, u"FALSE"_s));
+    struct stat found {};
+    QCOMPARE(stat(path.constData(), &found), 0);
+    QVERIFY(S_ISFIFO(found.st_mode));
+    QVERIFY(QFile::remove(settingsFile()));
+}
+
+void TestSettingsStore::aHugeFileIsNotOurs() {
+    QFile file(settingsFile());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.write("[Options]\nFastStart=FALSE\n") > 0);
+    constexpr qint64 huge = 1LL << 40; // more than any memory; it takes no room on the disk
+    if (!file.resize(huge)) {
+        QVERIFY(file.remove());
+        QSKIP("the file system has no files with holes");
+    }
+    file.close();
+    QCOMPARE(readFastStart(), u"TRUE"_s);
+    QVERIFY(!saveSetting(u"Options"_s, u"FastStart"_s, u"FALSE"_s));
+    QCOMPARE(file.size(), huge);
+    QVERIFY(file.remove());
 }
 
 void TestSettingsStore::theFileIsNamedAfterTheProgram() {

@@ -14,6 +14,7 @@ class TestSettingsStore : public Test {
     void anyTextComesBack_data();
     void anyTextComesBack();
     void whatIsNoFile();
+    void aHugeFileIsNotOurs();
     void aDamagedStoreCanBeWritten_data();
     void aDamagedStoreCanBeWritten();
     void theFileIsNamedAfterTheProgram();

@@ -1,9 +1,10 @@
 #include "export/render/PagePrinter.h"
 
+#include "storage/LineNotation.h"
+
 #include <QFileInfo>
 #include <QPageLayout>
 #include <QPageSize>
-#include <QSaveFile>
 #include <QWebEngineSettings>
 
 #include <utility>
@@ -88,14 +89,11 @@ void PagePrinter::write(const QByteArray& pdf) {
         emit finished(pageFailed, u"la pagina non si può impaginare"_s);
         return;
     }
-    QSaveFile file(m_arguments.pdf);
-    // Flushed by name: a commit that does it on the way does not notice that the disk is full.
-    if (file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size() && file.flush() &&
-        file.commit()) {
-        emit finished(done, {});
+    if (const auto fault = writeWholeFile(m_arguments.pdf, pdf)) {
+        emit finished(writeFailed,
+                      u"il file non si può scrivere: %1: %2"_s.arg(m_arguments.pdf, *fault));
     } else {
-        emit finished(writeFailed, u"il file non si può scrivere: %1: %2"_s.arg(
-                                       m_arguments.pdf, file.errorString()));
+        emit finished(done, {});
     }
 }
 

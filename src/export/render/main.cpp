@@ -2,6 +2,7 @@
 
 #include "export/render/Arguments.h"
 #include "export/render/PagePrinter.h"
+#include "storage/ProcessSetup.h"
 
 #include <QGuiApplication>
 #include <QTimer>
@@ -57,6 +58,8 @@ void prepareSurroundings() {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    quor::occupyStandardStreams();
+    quor::failAtFileSizeLimit();
     QStringList words;
     for (int i = 1; i < argc; ++i) {
         words << QString::fromLocal8Bit(argv[i]);

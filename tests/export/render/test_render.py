@@ -283,6 +283,11 @@ class Render(unittest.TestCase):
         self.fails(3, page, self.out)
         self.assertEqual(list(self.out.iterdir()), [])
 
+    def test_nothing_but_a_file_makes_way(self) -> None:
+        os.mkfifo(self.pdf)
+        self.assertIn("scrivere", self.fails(3, self.page(), self.pdf))
+        self.assertTrue(self.pdf.is_fifo())
+
     def test_wrong_use(self) -> None:
         page = self.page()
         for arguments in (
