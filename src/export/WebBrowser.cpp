@@ -3,6 +3,7 @@
 #include "export/Paper.h"
 #include "export/render/Arguments.h"
 #include "toolkit/Messages.h"
+#include "toolkit/TemporaryFolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -117,8 +118,8 @@ void WebBrowser::startRenderer() {
             QDir::toNativeSeparators(m_renderer)));
         return;
     }
-    m_folder = std::make_unique<QTemporaryDir>();
-    if (!m_folder->isValid()) {
+    m_folder = makeTemporaryFolder();
+    if (m_folder == nullptr) {
         fail(u"Non si può creare una cartella temporanea per le pagine da stampare."_s);
         return;
     }

@@ -8,6 +8,7 @@
 #include <QFontMetrics>
 #include <QHelpEngine>
 #include <QImage>
+#include <QInputMethodEvent>
 #include <QPixmap>
 #include <QSize>
 #include <QString>
@@ -89,6 +90,12 @@ void HelpBrowser::resetZoom() {
     QFont textFont = font();
     textFont.setPointSizeF(m_textSize);
     setFont(textFont);
+}
+
+/// The toolkit would write into the page although it is read only, and later go back to a place
+/// that only the page with that text had.
+void HelpBrowser::inputMethodEvent(QInputMethodEvent* event) {
+    event->ignore();
 }
 
 void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {

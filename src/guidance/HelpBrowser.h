@@ -21,6 +21,7 @@ class HelpBrowser : public QTextBrowser {
     void resetZoom();
 
   protected:
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
 
   private:

@@ -1,6 +1,7 @@
 #include "guidance/HelpCollection.h"
 
 #include "guidance/HelpAddress.h"
+#include "toolkit/TemporaryFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,12 +21,12 @@ namespace quor {
 namespace {
 
 /// Both files of the help are databases, which begin with these bytes.
+bool isDatabase(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.peek(64).startsWith("SQLite format 3");
+}
+
 bool copyDatabase(const QString& from, const QString& to) {
-    QFile file(from);
-    if (!file.open(QIODevice::ReadOnly) || !file.peek(64).startsWith("SQLite format 3")) {
-        return false;
-    }
-    file.close();
     return QFile::copy(from, to) &&
            QFile::setPermissions(to, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
@@ -48,16 +49,19 @@ QString makeNumberedFolder(const QDir& parent) {
 
 HelpCollection::HelpCollection(const QString& file, const QString& copies) {
     if (copies.isEmpty()) {
-        m_ownFolder = std::make_unique<QTemporaryDir>();
-        m_folder = m_ownFolder->isValid() ? m_ownFolder->path() : QString();
+        m_ownFolder = makeTemporaryFolder();
+        m_folder = m_ownFolder != nullptr ? m_ownFolder->path() : QString();
     } else {
         m_folder = makeNumberedFolder(QDir(copies));
     }
     const QDir folder(m_folder);
     const QString copy = folder.filePath(u"Quor.qhc"_s);
     const QString pages = u"Quor.qch"_s;
-    const bool copied = !m_folder.isEmpty() && copyDatabase(file, copy) &&
-                        copyDatabase(QFileInfo(file).dir().filePath(pages), folder.filePath(pages));
+    const QString pagesFile = QFileInfo(file).dir().filePath(pages);
+    const bool whole = isDatabase(file) && isDatabase(pagesFile);
+    const bool copied = whole && !m_folder.isEmpty() && copyDatabase(file, copy) &&
+                        copyDatabase(pagesFile, folder.filePath(pages));
+    m_lacksPlace = whole && !copied;
     m_engine = std::make_unique<QHelpEngine>(copy);
     if (copied) {
         m_engine->setReadOnly(false);

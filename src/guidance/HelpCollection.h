@@ -33,6 +33,8 @@ class HelpCollection : public QObject {
 
     /// False when a file is missing, damaged, or cannot be copied; the engine is then of no use.
     [[nodiscard]] bool isReadable() const { return m_readable; }
+    /// True when nothing is wrong with the files but that there is no place for the copy.
+    [[nodiscard]] bool lacksPlace() const { return m_lacksPlace; }
     [[nodiscard]] QHelpEngine& engine() { return *m_engine; }
 
     /// Makes the index that a search needs, in a thread.
@@ -59,6 +61,7 @@ class HelpCollection : public QObject {
     QString m_folder;                           ///< with the copy; empty when it cannot be made
     std::unique_ptr<QHelpEngine> m_engine;
     bool m_readable = false;
+    bool m_lacksPlace = false;
     bool m_indexed = false;
     bool m_searching = false;
     QString m_nextSearch; ///< empty for none

@@ -4,6 +4,7 @@
 #include "guidance/HelpCollection.h"
 #include "guidance/HelpWindow.h"
 #include "toolkit/Messages.h"
+#include "toolkit/TemporaryFolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -38,13 +39,16 @@ void HelpService::openHelp(QWidget* window, const QString& helpPath) {
     }
     if (m_window == nullptr || m_collectionFile != file) {
         if (m_copies == nullptr || !QDir(m_copies->path()).exists()) {
-            m_copies = std::make_unique<QTemporaryDir>();
+            m_copies = makeTemporaryFolder();
         }
-        auto collection = std::make_unique<HelpCollection>(file, m_copies->path());
+        auto collection = std::make_unique<HelpCollection>(
+            file, m_copies != nullptr ? m_copies->path() : QString());
         if (!collection->isReadable()) {
             showError(window,
-                      u"I file della guida sono danneggiati o non si possono leggere.\n"
-                      "Per leggere la guida occorre installare di nuovo Quor."_s,
+                      collection->lacksPlace()
+                          ? u"La guida non si può copiare nella cartella temporanea."_s
+                          : u"I file della guida sono danneggiati o non si possono leggere.\n"
+                            "Per leggere la guida occorre installare di nuovo Quor."_s,
                       u"Errore"_s);
             return;
         }

@@ -16,17 +16,23 @@
 #include <QHelpContentWidget>
 #include <QHelpEngine>
 #include <QHelpIndexWidget>
+#include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMap>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWindow>
+
+#include <csignal>
+
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -175,6 +181,31 @@ void TestHelpService::linksOutsideAreNotFollowed() {
     }
     browser(help)->setSource(QUrl(u"date.html"_s));
     QCOMPARE(shownPage(help), u"date.html"_s);
+}
+
+/// The toolkit lets an input method write into a text that is read only. A page that had grown
+/// would be left from a place that it does not have when one comes back.
+void TestHelpService::nobodyWritesIntoThePage() {
+    HelpService help;
+    help.openHelp(nullptr, pathOf(u"1nuovo.html"_s));
+    HelpBrowser* page = browser(help);
+    const QString text = page->toPlainText();
+    QVERIFY(QTest::qWaitForWindowActive(help.window()));
+    page->setFocus();
+    QInputMethodEvent typing;
+    typing.setCommitString(QString(4000, u'x'));
+    QCoreApplication::sendEvent(page, &typing);
+    QCOMPARE(page->toPlainText(), text);
+
+    // From the last link of the page to another one, and back.
+    QTest::keyClick(page, Qt::Key_Backtab, Qt::ShiftModifier);
+    QVERIFY(page->textCursor().hasSelection());
+    const int link = page->textCursor().position();
+    QTest::keyClick(page, Qt::Key_Return);
+    QVERIFY(shownPage(help) != u"1nuovo.html"_s);
+    trigger(help, u"back"_s);
+    QCOMPARE(shownPage(help), u"1nuovo.html"_s);
+    QCOMPARE(page->textCursor().position(), link);
 }
 
 void TestHelpService::contentsFollowThePage() {
@@ -479,6 +510,41 @@ void TestHelpService::damagedHelpIsSaid() {
     help.openHelp(nullptr, folder.filePath(u"Quor.chm"_s));
     QVERIFY(boxes.finished());
     QCOMPARE(help.window(), nullptr);
+}
+
+void TestHelpService::aFullTemporaryFolderIsSaid() {
+    const QTemporaryDir folder;
+    const QByteArray before = qgetenv("TMPDIR");
+    const auto finally = qScopeGuard([&before] {
+        if (before.isNull()) {
+            qunsetenv("TMPDIR");
+        } else {
+            qputenv("TMPDIR", before);
+        }
+    });
+    HelpService help;
+    ScriptedDialogs boxes;
+    const auto openIn = [&](const QString& temporary) {
+        qputenv("TMPDIR", QFile::encodeName(temporary));
+        boxes.expectBox(u"Errore"_s, u"La guida non si può copiare nella cartella temporanea."_s);
+        help.openHelp(nullptr, pathOf({}));
+    };
+    openIn(folder.filePath(u"manca"_s));
+    QVERIFY(boxes.finished());
+    rlimit old{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit tight{.rlim_cur = 1000, .rlim_max = old.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &tight), 0);
+    openIn(folder.path());
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &old), 0);
+    std::signal(SIGXFSZ, handler);
+    QVERIFY(boxes.finished());
+    QCOMPARE(help.window(), nullptr);
+
+    // There is place again.
+    help.openHelp(nullptr, pathOf({}));
+    QVERIFY(help.window() != nullptr);
 }
 
 void TestHelpService::controlsHaveNames() {

@@ -16,6 +16,7 @@ class TestHelpService : public Test {
     void copiesComeBackToTheirPaths();
     void unknownPageSaysSo();
     void linksOutsideAreNotFollowed();
+    void nobodyWritesIntoThePage();
     void contentsFollowThePage();
     void firstPageHasItsSheetAndPictures();
     void indexFindsATerm();
@@ -30,6 +31,7 @@ class TestHelpService : public Test {
     void missingHelpIsSaid();
     void damagedHelpIsSaid_data();
     void damagedHelpIsSaid();
+    void aFullTemporaryFolderIsSaid();
     void controlsHaveNames();
     void accessKeysAreTold();
 };

@@ -1,6 +1,9 @@
 #include "robustness/Journal.h"
 
+#include "robustness/Turns.h"
 #include "robustness/VirtualClock.h"
+
+#include <QDir>
 
 #include <array>
 #include <atomic>
@@ -30,6 +33,7 @@ constexpr std::size_t longestLine = 240;
 struct Pages {
     std::uint64_t seed = 0;
     std::atomic<std::uint64_t> count = 0;
+    std::atomic<std::uint64_t> end = 0; ///< how many were asked for, once they are done
     std::array<std::array<char, longestLine>, kept> lines{};
 };
 
@@ -58,12 +62,13 @@ void printJournal(const char* fault) {
         print(all.lines.at(i % kept).data());
         print("\n");
     }
-    std::snprintf(line.data(), line.size(), "monkey: seed %llu, action %llu, FAULT: ",
-                  static_cast<unsigned long long>(all.seed),
-                  static_cast<unsigned long long>(count));
+    std::snprintf(line.data(), line.size(), "monkey: seed %llu, action %llu, FAULT%s: ",
+                  static_cast<unsigned long long>(all.seed), static_cast<unsigned long long>(count),
+                  all.end != 0 ? " at the end" : "");
     print(line.data());
     print(fault);
     print("\n");
+    printRepetition();
 }
 
 void printStack() {
@@ -105,6 +110,7 @@ double processorTime(clockid_t clock) {
 /// The main thread's own time counts, so that a machine busy with others is no fault; and a thread
 /// that waits for what never comes has a minute.
 void watch(pthread_t mainThread) {
+    standAside();
     constexpr double greatestWork = 5;
     constexpr std::chrono::seconds longestWait(60);
     constexpr timespec pause{.tv_sec = 0, .tv_nsec = 100'000'000};
@@ -135,14 +141,20 @@ void startJournal(std::uint64_t seed) {
 
 void noteAction(const QString& action) {
     Pages& all = pages();
-    const QByteArray text = action.toUtf8().replace('\0', ' ').replace('\n', ' ');
+    static const QByteArray place = QDir::tempPath().toUtf8(); // not the same for two side by side
+    const QByteArray text =
+        action.toUtf8().replace('\0', ' ').replace('\n', ' ').replace(place, "...");
     std::snprintf(all.lines.at(all.count % kept).data(), longestLine, "%s", text.constData());
     ++all.count;
-    static const bool aloud = qEnvironmentVariableIsSet("MONKEY_ALOUD");
-    if (aloud) {
+    if (isAloud()) {
         std::fprintf(stderr, "%llu %s\n", static_cast<unsigned long long>(all.count),
                      text.constData());
     }
+}
+
+bool isAloud() {
+    static const bool aloud = qEnvironmentVariableIsSet("MONKEY_ALOUD");
+    return aloud;
 }
 
 void noteLife() {
@@ -151,6 +163,22 @@ void noteLife() {
 
 std::uint64_t actionCount() {
     return pages().count;
+}
+
+void noteEnd(std::uint64_t limit) {
+    pages().end = limit;
+}
+
+void printRepetition() {
+    // What goes wrong at the end goes wrong with these actions only; else the next one is begun, so
+    // that all of the last one has its effect.
+    const Pages& all = pages();
+    const std::uint64_t actions = all.end != 0 ? all.end.load() : all.count + 1;
+    std::array<char, 160> line{};
+    std::snprintf(line.data(), line.size(), "monkey: to repeat: --seed %llu --actions %llu\n",
+                  static_cast<unsigned long long>(all.seed),
+                  static_cast<unsigned long long>(actions));
+    print(line.data());
 }
 
 void reportFault(const QString& fault) {

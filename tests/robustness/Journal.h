@@ -17,7 +17,17 @@ void noteLife();
 
 [[nodiscard]] std::uint64_t actionCount();
 
-/// Prints the fault, the seed, the number of the action and the last thirty, and ends the process.
+/// Each action is printed, because MONKEY_ALOUD is set.
+[[nodiscard]] bool isAloud();
+
+/// The run has come to its end, which is after so many actions; a fault from here on is one of the
+/// end.
+void noteEnd(std::uint64_t limit);
+
+/// Prints what repeats the run.
+void printRepetition();
+
+/// Prints the fault, the last thirty actions and what repeats it, and ends the process.
 [[noreturn]] void reportFault(const QString& fault);
 
 /// From now on a crash, the report of a sanitizer, a warning of the toolkit, or five seconds

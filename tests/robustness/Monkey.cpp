@@ -4,14 +4,19 @@
 #include "toolkit/ChildWindow.h"
 
 #include "robustness/Journal.h"
+#include "robustness/Turns.h"
 #include "robustness/VirtualClock.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemModel>
+#include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QCryptographicHash>
+#include <QDataStream>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
@@ -35,7 +40,6 @@
 #include <QWheelEvent>
 
 #include <csignal>
-#include <thread>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -107,8 +111,8 @@ void Monkey::take(MDIForm1& frame, Program& program) {
     m_program = &program;
     m_firstAction = actionCount();
     m_ending = false;
-    m_waited = false;
-    m_waiting = false;
+    m_patient = chance(70);
+    m_waitedTurns = 0;
     m_hands.clear();
     m_timer = startTimer(0);
 }
@@ -119,9 +123,18 @@ void Monkey::leave() {
     m_program = nullptr;
 }
 
-bool Monkey::isDone() const {
-    return actionCount() >= m_limits.actions ||
-           (m_limits.time && realTime() - m_start >= *m_limits.time);
+/// When the time is over, one action more is asked for. So a run that ends by its time ends as one
+/// that was asked for that number, and can be repeated.
+bool Monkey::isDone() {
+    if (m_limits.time && realTime() - m_start >= *m_limits.time) {
+        m_limits.time.reset();
+        m_limits.actions = std::min(m_limits.actions, actionCount() + 1);
+    }
+    if (actionCount() < m_limits.actions) {
+        return false;
+    }
+    noteEnd(m_limits.actions);
+    return true;
 }
 
 StartRequest Monkey::startRequest() {
@@ -166,15 +179,14 @@ void Monkey::timerEvent(QTimerEvent* event) {
     killTimer(m_timer);
     m_timer = startTimer(0);
     noteLife();
+    countTurn();
     if (m_ending || m_program == nullptr || m_frame == nullptr) {
         return;
     }
     if (waitsForRenderer()) {
-        std::this_thread::sleep_for(1ms);
         return;
     }
     if (restsForFiles()) {
-        std::this_thread::sleep_for(3ms);
         return;
     }
     advanceClock(3ms);
@@ -196,29 +208,45 @@ void Monkey::timerEvent(QTimerEvent* event) {
 /// The renderer is a process of its own, which takes what time it takes. The seed says once
 /// whether it is let finish; if not, its window is closed at once.
 bool Monkey::waitsForRenderer() {
-    WebBrowser* busy = nullptr;
-    for (auto* browser : m_frame->findChildren<WebBrowser*>()) {
-        busy = browser->isBusy() ? browser : busy;
-    }
+    constexpr int usual = 100; // most are done in a few
+    constexpr int longest = 1'000'000;
+    WebBrowser* busy = busyBrowser();
     if (busy == nullptr) {
-        m_waited = false;
-        m_waiting = false;
+        if (m_waitedTurns > 0) {
+            m_waitedTurns = 0;
+            m_patient = chance(70); // the next time
+        }
         return false;
     }
-    if (!m_waited) {
-        m_waited = true;
-        m_waiting = chance(70);
-        if (!m_waiting) {
-            note(u"close the window that loads a page"_s);
-            requestClose(busy->window());
-            m_waiting = true; // should it have stayed
-        }
+    if (++m_waitedTurns > longest) {
+        reportFault(u"the renderer is never done"_s);
+    }
+    if (m_waitedTurns > usual) {
+        pause();
+    }
+    if (!m_patient) {
+        m_patient = true; // should it stay
+        note(u"close the window that loads a page"_s);
+        requestClose(busy->window());
     }
     return true;
 }
 
-/// A file dialog reads its folder in a thread of its own and must have had the time for it, or what
-/// comes next would be chance that no seed knows of.
+WebBrowser* Monkey::busyBrowser() const {
+    WebBrowser* busy = nullptr;
+    if (m_frame != nullptr) {
+        for (auto* browser : m_frame->findChildren<WebBrowser*>()) {
+            busy = browser->isBusy() ? browser : busy;
+        }
+    }
+    return busy;
+}
+
+bool Monkey::waitsForProcesses() const {
+    return m_patient || busyBrowser() == nullptr;
+}
+
+/// A file dialog needs some turns of the event loop to show what was read of its folder.
 bool Monkey::restsForFiles() {
     constexpr int turns = 6;
     if (m_restedTurns > 0) {
@@ -322,7 +350,31 @@ void Monkey::later(std::function<void()> step) {
 }
 
 void Monkey::note(const QString& action) {
-    noteAction(action);
+    noteAction(isAloud() ? action + u"  ["_s + sight() + u']' : action);
+}
+
+/// Everything that is to be seen, in a few letters. Two runs that still do the same may already see
+/// something else.
+QString Monkey::sight() const {
+    QByteArray seen;
+    QDataStream stream(&seen, QIODevice::WriteOnly);
+    for (const QWidget* window : windows()) {
+        for (const QWidget* widget : window->findChildren<QWidget*>()) {
+            if (!widget->isVisible()) {
+                continue;
+            }
+            const QString text = widget->property("text").toString();
+            stream << nameOf(widget) << widget->geometry() << widget->isEnabled()
+                   << widget->hasFocus() << QString(text).replace(QDir::tempPath(), u"..."_s);
+            if (const auto* view = qobject_cast<const QAbstractItemView*>(widget)) {
+                stream << (view->model() != nullptr ? view->model()->rowCount(view->rootIndex())
+                                                    : 0)
+                       << view->currentIndex().row();
+            }
+        }
+    }
+    const QByteArray sum = QCryptographicHash::hash(seen, QCryptographicHash::Md5);
+    return QString::fromLatin1(sum.first(4).toHex());
 }
 
 void Monkey::press(QWidget* window, QPoint at, Qt::MouseButton button, Qt::KeyboardModifiers keys) {
@@ -543,7 +595,7 @@ void Monkey::decideInFileDialog(QFileDialog* dialog) {
         const QString path = dialog->acceptMode() == QFileDialog::AcceptOpen
                                  ? oneOf(m_playground.toOpen())
                                  : oneOf(m_playground.toSave());
-        note(u"file dialog: "_s + path.section(u'/', 3));
+        note(u"file dialog: "_s + m_playground.nameOf(path));
         const QPointer<QLineEdit> field = name;
         later([field, path] {
             if (field != nullptr) {
@@ -861,7 +913,7 @@ void Monkey::enterSomebody() {
     }
     if (chance(25)) {
         const QString path = oneOf(m_playground.good());
-        note(u"open "_s + path.section(u'/', 3));
+        note(u"open "_s + m_playground.nameOf(path));
         later([this, path] {
             if (m_frame != nullptr && m_frame->isEnabled() &&
                 QApplication::activeModalWidget() == nullptr) {
@@ -922,7 +974,7 @@ void Monkey::touchFiles() {
         break;
     case 1: {
         const QString path = oneOf(m_playground.good());
-        note(u"remove "_s + path.section(u'/', 3));
+        note(u"remove "_s + m_playground.nameOf(path));
         QFile::remove(path);
         break;
     }

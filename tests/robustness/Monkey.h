@@ -20,9 +20,13 @@
 class QAction;
 class QFileDialog;
 
+namespace quor {
+class WebBrowser;
+}
+
 namespace quor::test {
 
-/// How long a monkey plays: whatever comes first.
+/// How long a monkey plays: whatever comes first. The time only says for how many actions.
 struct Limits {
     std::uint64_t actions = 20'000;
     std::optional<std::chrono::seconds> time{};
@@ -44,11 +48,14 @@ class Monkey : public QObject {
     /// And has ended.
     void leave();
 
-    [[nodiscard]] bool isDone() const;
+    [[nodiscard]] bool isDone();
     /// What the program is started with this time.
     [[nodiscard]] StartRequest startRequest();
     /// Between two runs: other files, another day.
     void prepareNextRun();
+
+    /// A process that the program has started is let come to its end before anything else is done.
+    [[nodiscard]] bool waitsForProcesses() const;
 
     [[nodiscard]] Playground& playground() { return m_playground; }
 
@@ -72,6 +79,8 @@ class Monkey : public QObject {
     [[nodiscard]] QList<QWidget*> windows() const;
     [[nodiscard]] QWidget* someWindow();
     template<typename Widget> [[nodiscard]] QList<Widget*> usable(QWidget* window) const;
+    [[nodiscard]] QString sight() const;
+    [[nodiscard]] WebBrowser* busyBrowser() const;
     [[nodiscard]] bool waitsForRenderer();
     [[nodiscard]] bool restsForFiles();
 
@@ -126,8 +135,8 @@ class Monkey : public QObject {
     int m_timer = 0;
     int m_mouseTime = 0; ///< of the events of the mouse, which tell a double click from two
     std::uint64_t m_firstAction = 0; ///< of this run of the program
-    bool m_waited = false;
-    bool m_waiting = false;
+    bool m_patient = true;           ///< lets the renderer finish
+    int m_waitedTurns = 0;           ///< for the renderer
     int m_restedTurns = 0;
     bool m_ending = false;
 };

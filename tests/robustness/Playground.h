@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDir>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -13,6 +14,10 @@ class Playground {
 
     /// Holds everything. Nothing outside is named to the program.
     [[nodiscard]] QString path(const QString& name) const { return m_folder.filePath(name); }
+    /// A path without what differs from run to run.
+    [[nodiscard]] QString nameOf(const QString& path) const {
+        return QDir(m_folder.path()).relativeFilePath(path);
+    }
     /// Where the program "lies": its user's folder is there.
     [[nodiscard]] QString programFolder() const { return path(QStringLiteral("programma")); }
 

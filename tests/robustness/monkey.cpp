@@ -1,4 +1,5 @@
-// The whole program in the hands of a monkey: see Monkey.h. Prints its figure last.
+// The whole program in the hands of a monkey: see Monkey.h. Prints its figure last. A seed and a
+// number of actions are the same walk whenever the same program walks it.
 
 #include "guidance/HelpKey.h"
 #include "guidance/HelpService.h"
@@ -8,11 +9,14 @@
 
 #include "robustness/Journal.h"
 #include "robustness/Monkey.h"
+#include "robustness/Place.h"
+#include "robustness/Turns.h"
 #include "support/Hermetic.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDesktopServices>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <cstdio>
@@ -49,6 +53,36 @@ class Nobody : public QObject {
     static QStringList schemes() { return {u"http"_s, u"https"_s, u"file"_s, u"mailto"_s}; }
 };
 
+/// Lets nothing happen beside what the event loop does, and all that is due between two events.
+class Application : public QApplication {
+    Q_OBJECT
+
+  public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        const bool taken = QApplication::notify(receiver, event);
+        if (QThread::currentThread() == thread()) {
+            while (quor::test::childRuns() && monkey != nullptr && monkey->waitsForProcesses()) {
+                quor::test::pause();
+            }
+            quor::test::giveTurns();
+        }
+        return taken;
+    }
+
+    quor::test::Monkey* monkey = nullptr;
+};
+
+/// Large pictures are painted by a thread of the toolkit's, while the main thread waits for it. It
+/// is there from the beginning and takes no turns.
+void beginPainter() {
+    QThreadPool* painters = QThreadPool::globalInstance();
+    painters->setExpiryTimeout(-1);
+    painters->start([] {});
+    painters->waitForDone();
+}
+
 /// What main.cpp makes, in the same order, from the start of the program to its end.
 void runProgram(quor::test::Monkey& monkey, QApplication& application) {
     const quor::EndRequests endRequests;
@@ -76,12 +110,9 @@ void runProgram(quor::test::Monkey& monkey, QApplication& application) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // The plain event loop of the toolkit: what is due comes in the order in which it was asked
-    // for.
-    qputenv("QT_NO_GLIB", "1");
+    quor::test::beginInPlace(argv);
     const quor::test::Surroundings surroundings;
-    qputenv("CUPS_SERVER", "/nonexistent"); // nothing is ever printed on paper
-    QApplication application(argc, argv);
+    Application application(argc, argv);
 
     QCommandLineParser parser;
     const QCommandLineOption seedOption(u"seed"_s, u"Repeats a run."_s, u"number"_s);
@@ -108,13 +139,19 @@ int main(int argc, char** argv) {
     std::fflush(stdout);
     quor::test::startJournal(seed);
     quor::test::Monkey monkey(seed, limits);
+    application.monkey = &monkey;
     quor::test::watchForFaults();
+    beginPainter();
+    quor::test::takeTurns(seed);
     int runs = 0;
     while (!monkey.isDone()) {
         runProgram(monkey, application);
         monkey.prepareNextRun();
         ++runs;
     }
+    application.monkey = nullptr;
+    quor::test::endTurns();
+    quor::test::printRepetition();
     QLocale number(QLocale::English);
     std::printf("monkey: seed %llu, %s actions, %d runs of the program, 0 faults\n",
                 static_cast<unsigned long long>(seed),

@@ -89,8 +89,7 @@ def become_nobody():
 
 def within_reach(build, *programs):
     """The folder of the programs, or of copies of them where another user may not enter it: root's
-    own home, for one, is closed to everybody else."""
-    build = pathlib.Path(build).absolute()
+    own home, for one, is closed to everybody else. What was not built is left out."""
     if not is_really_root() or all(folder.stat().st_mode & 0o001
                                    for folder in (build, *build.parents)):
         return build

@@ -2,10 +2,11 @@
 """What happens with files that are not what they should be: it takes bounded time and memory, the
 interface lives on, and a run without a window says what is wrong.
 
-Usage: test_read_faults.py [BUILD]
+Usage: test_read_faults.py [BUILD] [--instrumented]
 
 BUILD, else build/release, holds quor and robustness_driver. The limits are those of a slow machine;
-what was measured is printed.
+what was measured is printed. --instrumented: of a build with sanitizers, only the end of each
+run is waited for; its memory and its pauses are not the program's.
 """
 
 import os
@@ -21,6 +22,8 @@ import support
 from support import Place, count
 
 BUILD = pathlib.Path()
+INSTRUMENTED = False
+SLOWER = 8  # is a build with sanitizers
 # Of the whole run, of the longest stretch in which the interface does nothing else, in seconds; and
 # of memory in MiB. A start alone takes 60 to 120 MiB.
 LIMITS = {"run": 20, "gap": 4, "peak": 600}
@@ -35,10 +38,12 @@ class ReadFaultsTest(Place):
     def open(self, file, limits=None, start=None, task="open"):
         """Opens the file in the frame. @return members, longest name"""
         limits = limits or SMALL
+        factor = SLOWER if INSTRUMENTED else 1
         began = time.monotonic()
         result = subprocess.run(
             [str(BUILD / "robustness_driver"), task, str(file)], text=True, preexec_fn=start,
-            env=support.environment(self.home), capture_output=True, timeout=120, check=False)
+            env=support.environment(self.home), capture_output=True, timeout=120 * factor,
+            check=False)
         took = time.monotonic() - began
         self.output = output = result.stdout
         self.assertEqual((result.returncode, support.own_complaints(result.stderr)), (0, ""), output)
@@ -48,9 +53,10 @@ class ReadFaultsTest(Place):
         peak = int(re.search(r"^peak (\d+) MiB$", output, re.MULTILINE)[1])
         print(f"{self.id().split('.')[-1]} {file.name}: {took:.1f} s, longest gap {gap} ms, "
               f"peak {peak} MiB, {members} members")
-        self.assertLess(took, limits["run"])
-        self.assertLess(gap, limits["gap"] * 1000)
-        self.assertLess(peak, limits["peak"])
+        self.assertLess(took, limits["run"] * factor)
+        if not INSTRUMENTED:
+            self.assertLess(gap, limits["gap"] * 1000)
+            self.assertLess(peak, limits["peak"])
         self.assertNotIn("TOO LARGE", output)
         count("files")
         return members, longest
@@ -231,5 +237,6 @@ class ReadFaultsTest(Place):
 
 if __name__ == "__main__":
     BUILD = support.within_reach(support.build_folder(), "quor", "robustness_driver")
+    INSTRUMENTED = "--instrumented" in sys.argv
     support.main(lambda tests, bad, skipped: f"{support.tried.get('files', 0)} files that are not "
                  f"what they should be, {bad} tests wrong, {skipped} skipped")
