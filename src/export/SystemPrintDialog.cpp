@@ -1,5 +1,6 @@
 #include "export/SystemPrintDialog.h"
 
+#include <QLineEdit>
 #include <QPageRanges>
 #include <QPrintDialog>
 #include <QPrintEngine>
@@ -66,6 +67,18 @@ std::vector<PageSpan> chosenPages(const QPrinter& printer, int pageCount) {
     return pages;
 }
 
+/// Nothing that is typed or pasted makes a name that no file can have: the dialog would ask the
+/// system for such a file.
+void keepFileNameWhole(const QPrintDialog& dialog) {
+    for (auto* field : dialog.findChildren<QLineEdit*>(u"filename"_s)) {
+        QObject::connect(field, &QLineEdit::textChanged, field, [field](const QString& text) {
+            if (text.contains(QChar(u'\0'))) {
+                field->setText(QString(text).remove(QChar(u'\0')));
+            }
+        });
+    }
+}
+
 } // namespace
 
 PrintChoice printChoice(const QPrinter& printer, int pageCount) {
@@ -95,6 +108,7 @@ std::optional<PrintChoice> showSystemPrintDialog(QWidget* parent, const PrintReq
         dialog.setOption(QAbstractPrintDialog::PrintPageRange);
         dialog.setMinMax(1, request.pageCount);
     }
+    keepFileNameWhole(dialog);
     if (dialog.exec() != QDialog::Accepted) {
         return {};
     }

@@ -8,9 +8,12 @@
 #include "support/ScriptedDialogs.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QPageRanges>
 #include <QPrinter>
+#include <QTimer>
 
 #include <memory>
 
@@ -282,6 +285,24 @@ void TestPrintDocument::readsTheChoiceOfAPrinter() {
     choice = printChoice(printer, 5);
     const std::vector<PageSpan> expected{{.first = 1, .last = 2}, {.first = 4, .last = 4}};
     QVERIFY(choice.pages == expected);
+}
+
+/// The toolkit's own dialog, and a name with the character that ends names: it warns of the file
+/// that it asks for.
+void TestPrintDocument::theNameOfAFileIsOneThatAFileCanHave() {
+    QString name = u"nobody was asked"_s;
+    QTimer::singleShot(0, QCoreApplication::instance(), [&name] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        auto* field = dialog->findChild<QLineEdit*>(u"filename"_s);
+        field->clear();
+        QGuiApplication::clipboard()->setText(QString(QChar(u'\0')) + u"dopo"_s);
+        field->paste();
+        name = field->text();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    QVERIFY(
+        !showSystemPrintDialog(nullptr, {.title = u"Stampa"_s, .document = {}, .pageCount = 1}));
+    QCOMPARE(name, u"dopo"_s);
 }
 
 } // namespace quor::test

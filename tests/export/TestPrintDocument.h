@@ -22,6 +22,7 @@ class TestPrintDocument : public Test {
     void unreadablePagesAreReported();
     void paintsPagesOnAPrinter();
     void readsTheChoiceOfAPrinter();
+    void theNameOfAFileIsOneThatAFileCanHave();
 };
 
 } // namespace quor::test

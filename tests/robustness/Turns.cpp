@@ -18,6 +18,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <linux/futex.h>
+#include <poll.h>
 #include <pthread.h>
 #include <sched.h>
 #include <sys/syscall.h>
@@ -423,6 +424,26 @@ extern "C" int sched_getaffinity(pid_t /*process*/, std::size_t size,
     std::memset(processors, 0, size);
     CPU_SET(0, processors);
     return 0;
+}
+
+/// The event loop with nothing to do waits for the others, or for a time that comes at once.
+extern "C" int ppoll(pollfd* files, nfds_t count, const timespec* time, const sigset_t* signals) {
+    static const auto poll =
+        next<int (*)(pollfd*, nfds_t, const timespec*, const sigset_t*)>("ppoll");
+    const bool waits = time == nullptr || time->tv_sec > 0 || time->tv_nsec > 0;
+    if (!isMain() || !waits || living == 0) {
+        return poll(files, count, time, signals);
+    }
+    int result = 0;
+    {
+        const MainWaits others;
+        result = poll(files, count, time, signals);
+    }
+    if (result == 0) {
+        quor::test::advanceClock(std::chrono::ceil<std::chrono::milliseconds>(
+            std::chrono::seconds(time->tv_sec) + std::chrono::nanoseconds(time->tv_nsec)));
+    }
+    return result;
 }
 
 extern "C" int fdatasync(int descriptor) {
