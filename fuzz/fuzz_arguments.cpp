@@ -4,6 +4,7 @@
 
 #include "Check.h"
 #include "shell/CommandLine.h"
+#include "storage/FileKind.h"
 
 #include <algorithm>
 #include <utility>

@@ -96,12 +96,6 @@ void WebBrowser::navigate(const QUrl& url) {
         Qt::QueuedConnection);
 }
 
-void WebBrowser::refresh() {
-    if (m_url.isValid()) {
-        navigate(QUrl(m_url));
-    }
-}
-
 void WebBrowser::stop() {
     endRenderer();
     m_busy = false;

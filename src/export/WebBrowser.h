@@ -39,8 +39,6 @@ class WebBrowser : public QWidget {
     /// Starts loading a page ("file:///..."). What was loaded, or is being loaded, is forgotten.
     /// One of the two signals follows, never before this call has returned.
     void navigate(const QUrl& url);
-    /// Loads the same page again, if there is one.
-    void refresh();
     /// Forgets a page that is being loaded; no signal follows.
     void stop();
 

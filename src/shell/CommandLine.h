@@ -2,7 +2,6 @@
 
 #include "export/ExportBatch.h"
 #include "report/Report.h"
-#include "storage/FileKind.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/Dates.h"
-#include "storage/WholeFile.h"
 
 #include <QByteArray>
 #include <QByteArrayView>

@@ -10,9 +10,9 @@
 #include "export/SummaryPage.h"
 #include "shell/StateFile.h"
 #include "storage/BiorhythmFile.h"
-#include "storage/LineNotation.h"
 #include "storage/RecoveryStore.h"
 #include "storage/SystemFile.h"
+#include "storage/WholeFile.h"
 #include "toolkit/SettingsStore.h"
 
 #include <QCoreApplication>

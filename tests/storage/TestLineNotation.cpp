@@ -7,13 +7,6 @@
 #include "support/Hermetic.h"
 
 #include <QBuffer>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <algorithm>
-
-#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -330,63 +323,6 @@ void TestLineNotation::endlessLinesAreBounded() {
     QString text = u"kept"_s;
     reader.read(text);
     QCOMPARE(text, u"kept"_s);
-}
-
-void TestLineNotation::everyPieceIsWritten() {
-    // Takes seven bytes at a time, so many in all.
-    class Narrow : public QIODevice {
-      public:
-        explicit Narrow(qsizetype room)
-            : m_room(room) {}
-        QByteArray taken;
-
-      protected:
-        qint64 readData(char* /*data*/, qint64 /*size*/) override { return -1; }
-        qint64 writeData(const char* data, qint64 size) override {
-            const qint64 part = std::min({size, qint64{7}, m_room - taken.size()});
-            taken.append(data, part);
-            if (part == 0) {
-                setErrorString(u"pieno"_s);
-            }
-            return part > 0 ? part : -1;
-        }
-
-      private:
-        qsizetype m_room;
-    };
-    const QByteArray bytes(100, 'x');
-    Narrow enough(100);
-    QVERIFY(enough.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    QVERIFY(writeAll(enough, bytes));
-    QCOMPARE(enough.taken, bytes);
-    Narrow small(90);
-    QVERIFY(small.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    QVERIFY(!writeAll(small, bytes));
-    QCOMPARE(small.errorString(), u"pieno"_s);
-}
-
-void TestLineNotation::nothingButAFileMakesWay() {
-    const QTemporaryDir folder;
-    const QString pipe = folder.filePath(u"pipe"_s);
-    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    QVERIFY(QFile::link(u"pipe"_s, folder.filePath(u"link"_s)));
-    QVERIFY(QDir(folder.path()).mkdir(u"folder"_s));
-    for (const QString& name : {u"pipe"_s, u"link"_s, u"folder"_s}) {
-        const auto fault = writeWholeFile(folder.filePath(name), "new");
-        QVERIFY2(fault && !fault->isEmpty(), qPrintable(name));
-    }
-    struct stat found {};
-    QCOMPARE(lstat(QFile::encodeName(pipe).constData(), &found), 0);
-    QVERIFY(S_ISFIFO(found.st_mode));
-    QVERIFY(QFileInfo(folder.filePath(u"link"_s)).isSymLink());
-    // What a link leads to does, where it is a file.
-    QFile file(folder.filePath(u"file"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
-    QVERIFY(QFile::link(u"file"_s, folder.filePath(u"to a file"_s)));
-    QCOMPARE(writeWholeFile(folder.filePath(u"to a file"_s), "new"), std::nullopt);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("new"));
 }
 
 } // namespace quor::test

@@ -27,8 +27,6 @@ class TestLineNotation : public Test {
     void aLongLineIsNoValue();
     void readingIsBounded();
     void endlessLinesAreBounded();
-    void everyPieceIsWritten();
-    void nothingButAFileMakesWay();
 };
 
 } // namespace quor::test

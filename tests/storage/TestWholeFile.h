@@ -10,9 +10,10 @@ class TestWholeFile : public Test {
   private slots:
     void theNewFileTakesTheOldOnesPlace();
     void theOldFileOutlivesAFullDisk();
-    void nothingTakesThePlaceOfWhatIsNoFile();
     void readersAreKeptOrNone();
     void onlyFilesAreOpened();
+    void everyPieceIsWritten();
+    void nothingButAFileMakesWay();
 };
 
 } // namespace quor::test
