@@ -2,8 +2,10 @@
 
 #include "storage/WholeFile.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileDevice>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
@@ -90,6 +92,23 @@ QStringList changed(const QStringList& lines, const QString& section, const QStr
     return result;
 }
 
+/// The toolkit keeps what it has read of a file until its size or its time is another one. The
+/// clock of files goes by several milliseconds at once, so each content that we write gets a time
+/// of its own.
+void setNewTime(const QString& path) {
+    static QDateTime latest;
+    const QDateTime time = QFileInfo(path).lastModified();
+    if (latest.isValid() && time <= latest) {
+        latest = latest.addMSecs(1);
+        QFile file(path);
+        if (openForReading(file)) {
+            file.setFileTime(latest, QFileDevice::FileModificationTime);
+        }
+    } else {
+        latest = time;
+    }
+}
+
 } // namespace
 
 QString getSetting(const QString& section, const QString& key) {
@@ -121,7 +140,11 @@ bool saveSetting(const QString& section, const QString& key, const QString& valu
         }
     }
     const auto store = [&path](const QStringList& content) {
-        return !writeWholeFile(path, (content.join(u'\n') + u'\n').toUtf8());
+        if (writeWholeFile(path, (content.join(u'\n') + u'\n').toUtf8())) {
+            return false;
+        }
+        setNewTime(path);
+        return true;
     };
     if (!QDir().mkpath(QFileInfo(path).path()) || !store(changed(lines, section, key, value))) {
         return false;

@@ -87,6 +87,19 @@ void TestSettingsStore::anyTextComesBack() {
     QCOMPARE(file.readAll(), QByteArray("[Options]\nFastStart=TRUE\n"));
 }
 
+/// Quicker than the clock of files, and of one size.
+void TestSettingsStore::whatWasSavedLastComesBack() {
+    for (int i = 0; i < 200; ++i) {
+        const QString text = QString::number(1000 + i);
+        QVERIFY(saveSetting(u"Options"_s, u"FastStart"_s, text));
+        QCOMPARE(getSetting(u"Options"_s, u"FastStart"_s), text);
+        if (i % 3 == 0) {
+            QVERIFY(QFile::remove(settingsFile()));
+        }
+    }
+    QVERIFY(QFile::remove(settingsFile()));
+}
+
 void TestSettingsStore::aDamagedStoreCanBeWritten_data() {
     QTest::addColumn<QByteArray>("stored");
     QTest::newRow("no line of the notation") << QByteArray("\x02");

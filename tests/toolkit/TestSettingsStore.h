@@ -15,6 +15,7 @@ class TestSettingsStore : public Test {
     void anyTextComesBack();
     void whatIsNoFile();
     void aHugeFileIsNotOurs();
+    void whatWasSavedLastComesBack();
     void aDamagedStoreCanBeWritten_data();
     void aDamagedStoreCanBeWritten();
     void theFileIsNamedAfterTheProgram();
