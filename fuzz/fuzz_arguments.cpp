@@ -3,6 +3,7 @@
 // said in one line.
 
 #include "Check.h"
+#include "core/Printable.h"
 #include "shell/CommandLine.h"
 #include "storage/FileKind.h"
 
@@ -98,12 +99,12 @@ void checkReport(const quor::StartRequest& request) {
 void checkWrongUse(const QString& text, const QStringList& arguments) {
     check(!text.isEmpty() && isOneLine(text), "what is wrong is said in one line");
     const auto unknown = u"opzione sconosciuta: "_s;
-    const QString joined = arguments.join(u' ');
-    if (text.startsWith(unknown) && isOneLine(joined)) {
+    if (text.startsWith(unknown)) {
         const QString option = text.sliced(unknown.size());
-        check(std::ranges::any_of(arguments,
-                                  [&option](const auto& a) { return a.startsWith(option); }),
-              "an unknown option is told as it was typed");
+        check(std::ranges::any_of(
+                  arguments,
+                  [&option](const auto& a) { return quor::printable(a).startsWith(option); }),
+              "an unknown option is told as it was typed, as far as a terminal can take it");
     }
 }
 
