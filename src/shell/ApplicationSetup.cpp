@@ -1,6 +1,7 @@
 #include "shell/ApplicationSetup.h"
 
 #include "toolkit/ImageList.h"
+#include "toolkit/LateClicks.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -47,6 +48,7 @@ void setUpApplication(QApplication& application) {
     QApplication::setApplicationVersion(QString::fromLatin1(version()));
     QApplication::setDesktopFileName(u"quor"_s);
     QApplication::setWindowIcon(emblem());
+    application.installEventFilter(new LateClicks(&application));
     // The frame decides when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);
 }

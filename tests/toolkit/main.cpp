@@ -3,6 +3,7 @@
 #include "toolkit/TestCommands.h"
 #include "toolkit/TestDialogs.h"
 #include "toolkit/TestDrawing.h"
+#include "toolkit/TestLateClicks.h"
 #include "toolkit/TestLongCurves.h"
 #include "toolkit/TestPictures.h"
 #include "toolkit/TestSettingsStore.h"
@@ -11,5 +12,6 @@
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands,
-               quor::test::TestDialogs, quor::test::TestDrawing, quor::test::TestLongCurves,
-               quor::test::TestPictures, quor::test::TestSettingsStore, quor::test::TestToolTipText)
+               quor::test::TestDialogs, quor::test::TestDrawing, quor::test::TestLateClicks,
+               quor::test::TestLongCurves, quor::test::TestPictures, quor::test::TestSettingsStore,
+               quor::test::TestToolTipText)
