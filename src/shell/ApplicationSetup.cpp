@@ -1,7 +1,7 @@
 #include "shell/ApplicationSetup.h"
 
 #include "toolkit/ImageList.h"
-#include "toolkit/LateClicks.h"
+#include "toolkit/LateInput.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -48,7 +48,7 @@ void setUpApplication(QApplication& application) {
     QApplication::setApplicationVersion(QString::fromLatin1(version()));
     QApplication::setDesktopFileName(u"quor"_s);
     QApplication::setWindowIcon(emblem());
-    application.installEventFilter(new LateClicks(&application));
+    application.installEventFilter(new LateInput(&application));
     // The frame decides when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);
 }

@@ -3,7 +3,7 @@
 #include "toolkit/TestCommands.h"
 #include "toolkit/TestDialogs.h"
 #include "toolkit/TestDrawing.h"
-#include "toolkit/TestLateClicks.h"
+#include "toolkit/TestLateInput.h"
 #include "toolkit/TestLongCurves.h"
 #include "toolkit/TestPictures.h"
 #include "toolkit/TestSettingsStore.h"
@@ -12,6 +12,6 @@
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands,
-               quor::test::TestDialogs, quor::test::TestDrawing, quor::test::TestLateClicks,
+               quor::test::TestDialogs, quor::test::TestDrawing, quor::test::TestLateInput,
                quor::test::TestLongCurves, quor::test::TestPictures, quor::test::TestSettingsStore,
                quor::test::TestToolTipText)

@@ -1,7 +1,7 @@
-#include "toolkit/TestLateClicks.h"
+#include "toolkit/TestLateInput.h"
 
 #include "toolkit/FileDialogs.h"
-#include "toolkit/LateClicks.h"
+#include "toolkit/LateInput.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -29,7 +29,7 @@ struct Form {
         close = add(u"&Annulla"_s);
         open = add(u"&Colore"_s);
         QObject::connect(close, &QPushButton::clicked, window, &QDialog::reject);
-        qApp->installEventFilter(&lateClicks);
+        qApp->installEventFilter(&lateInput);
         window->show();
         window->activateWindow();
     }
@@ -43,7 +43,7 @@ struct Form {
     }
     void press(Qt::Key key) const { QTest::keyClick(window, key, Qt::AltModifier); }
 
-    LateClicks lateClicks;
+    LateInput lateInput;
     QPointer<QDialog> window = new QDialog;
     QPushButton* close;
     QPushButton* open;
@@ -51,7 +51,7 @@ struct Form {
 
 } // namespace
 
-void TestLateClicks::accessKeyClicks() {
+void TestLateInput::accessKeyClicks() {
     const Form form;
     QVERIFY(QTest::qWaitForWindowActive(form.window));
     form.press(Qt::Key_A);
@@ -60,7 +60,7 @@ void TestLateClicks::accessKeyClicks() {
 }
 
 /// The window that asks for a colour stays until there is an answer, and closes then.
-void TestLateClicks::waitsForBoxAbove() {
+void TestLateInput::waitsForBoxAbove() {
     const Form form;
     QVERIFY(QTest::qWaitForWindowActive(form.window));
     QObject::connect(form.open, &QPushButton::clicked, form.window, [&form] {
@@ -81,7 +81,7 @@ void TestLateClicks::waitsForBoxAbove() {
     QTRY_VERIFY(form.window == nullptr);
 }
 
-void TestLateClicks::boxesAboveAreClicked() {
+void TestLateInput::boxesAboveAreClicked() {
     const Form form;
     QDialog box(form.window);
     box.setLayout(new QVBoxLayout);
@@ -96,7 +96,7 @@ void TestLateClicks::boxesAboveAreClicked() {
 }
 
 /// Two access keys in quick succession, the first of which closes the window.
-void TestLateClicks::nothingInClosedWindow() {
+void TestLateInput::nothingInClosedWindow() {
     const Form form;
     QVERIFY(QTest::qWaitForWindowActive(form.window));
     const QSignalSpy clicked(form.open, &QPushButton::clicked);
@@ -112,7 +112,7 @@ void TestLateClicks::nothingInClosedWindow() {
 }
 
 /// A box of one window keeps no button of another from its click.
-void TestLateClicks::windowBesideDoesNotWait() {
+void TestLateInput::windowBesideDoesNotWait() {
     QWidget other;
     other.show();
     const Form form;
@@ -122,6 +122,33 @@ void TestLateClicks::windowBesideDoesNotWait() {
     form.press(Qt::Key_C);
     box.open();
     QTRY_COMPARE(clicked.count(), 1);
+}
+
+void TestLateInput::closedWindowTakesNothing_data() {
+    QTest::addColumn<bool>("isClosed");
+    QTest::newRow("open") << false;
+    QTest::newRow("closed") << true;
+}
+
+/// What was done while the program was busy, and comes when the window is closed already.
+void TestLateInput::closedWindowTakesNothing() {
+    QFETCH(bool, isClosed);
+    const Form form;
+    QVERIFY(QTest::qWaitForWindowActive(form.window));
+    form.window->setAttribute(Qt::WA_DeleteOnClose, false);
+    const QSignalSpy clicked(form.open, &QPushButton::clicked);
+    form.open->setFocus();
+    QWindow* window = form.window->windowHandle();
+    const QPoint place = form.open->geometry().center();
+    if (isClosed) {
+        form.window->close();
+    }
+    QTest::mouseClick(window, Qt::LeftButton, {}, place);
+    QCOMPARE(clicked.count(), isClosed ? 0 : 1);
+    QTest::mouseDClick(window, Qt::LeftButton, {}, place);
+    QTest::keyClick(window, Qt::Key_Space);
+    QCOMPARE(clicked.count(), isClosed ? 0 : 4);
+    QVERIFY(!form.open->isDown());
 }
 
 } // namespace quor::test

@@ -4,7 +4,7 @@
 
 namespace quor::test {
 
-class TestLateClicks : public Test {
+class TestLateInput : public Test {
     Q_OBJECT
 
   private slots:
@@ -13,6 +13,8 @@ class TestLateClicks : public Test {
     void boxesAboveAreClicked();
     void nothingInClosedWindow();
     void windowBesideDoesNotWait();
+    void closedWindowTakesNothing_data();
+    void closedWindowTakesNothing();
 };
 
 } // namespace quor::test
