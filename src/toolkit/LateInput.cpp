@@ -19,6 +19,13 @@ bool isBlocked(const QWidget* window) {
     return modal->windowModality() == Qt::ApplicationModal || window->isAncestorOf(modal);
 }
 
+/// Whether this was a window of its own before it was closed. What comes late to a list that
+/// completes a text, or to another popup, belongs to the window below.
+bool isClosed(const QWindow& window) {
+    const bool stoodAlone = window.type() == Qt::Window || window.type() == Qt::Dialog;
+    return stoodAlone && !window.isVisible();
+}
+
 /// Whether this keeps the end of a button's animation, which is its click, from coming now.
 bool takesTimer(QAbstractButton* button, QEvent* event) {
     if (!button->isVisible()) {
@@ -45,7 +52,7 @@ bool LateInput::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Wheel:
     case QEvent::TouchBegin:
     case QEvent::TabletPress:
-        return watched->isWindowType() && !static_cast<QWindow*>(watched)->isVisible();
+        return watched->isWindowType() && isClosed(*static_cast<QWindow*>(watched));
     default:
         return false;
     }

@@ -3,9 +3,12 @@
 #include "toolkit/FileDialogs.h"
 #include "toolkit/LateInput.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QColorDialog>
+#include <QCompleter>
 #include <QDialog>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -149,6 +152,26 @@ void TestLateInput::closedWindowTakesNothing() {
     QTest::keyClick(window, Qt::Key_Space);
     QCOMPARE(clicked.count(), isClosed ? 0 : 4);
     QVERIFY(!form.open->isDown());
+}
+
+/// The list that completes a text has the keyboard, and hands on what is typed, also when it is
+/// just gone.
+void TestLateInput::closedListHandsKeysOn() {
+    const Form form;
+    auto* field = new QLineEdit;
+    auto* completer = new QCompleter({u"carta.pdf"_s}, field);
+    field->setCompleter(completer);
+    form.window->layout()->addWidget(field);
+    QVERIFY(QTest::qWaitForWindowActive(form.window));
+    field->setFocus();
+    QTest::keyClicks(field, u"c"_s);
+    QWidget* list = completer->popup();
+    QTRY_VERIFY(list->isVisible());
+    QTest::keyClick(list->windowHandle(), Qt::Key_A);
+    QCOMPARE(field->text(), u"ca"_s);
+    list->hide();
+    QTest::keyClick(list->windowHandle(), Qt::Key_R);
+    QCOMPARE(field->text(), u"car"_s);
 }
 
 } // namespace quor::test

@@ -15,6 +15,7 @@ class TestLateInput : public Test {
     void windowBesideDoesNotWait();
     void closedWindowTakesNothing_data();
     void closedWindowTakesNothing();
+    void closedListHandsKeysOn();
 };
 
 } // namespace quor::test
