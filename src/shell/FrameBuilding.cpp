@@ -39,7 +39,7 @@ void MDIForm1::buildMenus() {
         action->setObjectName(QString::fromLatin1(info.name));
         action->setMenuRole(QAction::NoRole);
         const Command command = info.command;
-        connect(action, &QAction::triggered, this, [this, command] { run(command); });
+        connect(action, &QAction::triggered, this, [this, command] { choose(command); });
         m_actions.at(static_cast<std::size_t>(command)) = action;
         if (info.menu != Menu::none) {
             QMenu* menu = m_menus.at(static_cast<std::size_t>(info.menu));
@@ -66,7 +66,7 @@ void MDIForm1::buildToolbar() {
         tool = m_toolbar->addAction(picture(u"Imm"_s + key), caption(info.toolTip));
         tool->setObjectName(key);
         const Command command = info.command;
-        connect(tool, &QAction::triggered, this, [this, command] { run(command); });
+        connect(tool, &QAction::triggered, this, [this, command] { choose(command); });
         if (command == Command::mnuOpzioni) {
             auto* menu = new QMenu(this);
             menu->addAction(action(Command::graphOptions));

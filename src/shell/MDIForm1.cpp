@@ -15,6 +15,7 @@
 #include "toolkit/SettingsStore.h"
 #include "toolkit/ShowHelp.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
@@ -130,6 +131,12 @@ void MDIForm1::openFile(const QString& path) {
         break;
     default:
         break;
+    }
+}
+
+void MDIForm1::choose(Command command) {
+    if (QApplication::activeModalWidget() == nullptr) {
+        run(command);
     }
 }
 

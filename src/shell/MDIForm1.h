@@ -102,6 +102,10 @@ class MDIForm1 : public QMainWindow, public Frame {
     void buildChildKeys();
     [[nodiscard]] QAction* action(Command command) const;
 
+    /// A command chosen in a menu or the toolbar: nothing beneath a modal window, where assistive
+    /// tools still reach it.
+    void choose(Command command);
+
     /// Enables what the states of the commands say.
     void showCommandStates();
 

@@ -406,6 +406,22 @@ void TestMDIForm1::afterClosing() {
     QVERIFY(fixture.program.state.filePath.isEmpty());
 }
 
+/// Assistive tools choose entries of menus that no mouse reaches: no box may come over another.
+void TestMDIForm1::nothingBeneathABox() {
+    FrameFixture fixture;
+    fixture.enter();
+    QDialog box(&fixture.frame);
+    box.open();
+    for (const QString& name : {u"mnuChiudiBioritmo"_s, u"mnuCalcola"_s, u"mnuEsci"_s}) {
+        fixture.action(name)->trigger();
+    }
+    QCOMPARE(fixture.panels().constFirst(), u"Nome: Maria Rossi"_s);
+    QVERIFY(fixture.ended.isEmpty());
+    box.close();
+    fixture.expectClosing(Answer::no);
+    fixture.action(u"mnuChiudiBioritmo"_s)->trigger();
+}
+
 void TestMDIForm1::popupOptionsReachTheActiveChild() {
     FrameFixture fixture;
     fixture.action(u"mnuPopOpt"_s)->trigger(); // no child: nothing happens

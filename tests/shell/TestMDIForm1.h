@@ -31,6 +31,7 @@ class TestMDIForm1 : public Test {
     void quitting();
     void theCloseBoxAsks();
     void afterClosing();
+    void nothingBeneathABox();
     void popupOptionsReachTheActiveChild();
     void arranging();
     void oneGraphAtATime();
