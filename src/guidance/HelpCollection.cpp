@@ -7,7 +7,9 @@
 #include <QFile>
 #include <QFileDevice>
 #include <QFileInfo>
+#include <QHelpContentWidget>
 #include <QHelpEngine>
+#include <QHelpIndexWidget>
 #include <QHelpSearchEngine>
 #include <QString>
 
@@ -110,7 +112,15 @@ void HelpCollection::finishSearch(int pages) {
     }
 }
 
-void HelpCollection::endSearches() {
+void HelpCollection::endUse() {
+    // When its lists are filled the engine changes their cursors, whether they are still there or
+    // not.
+    QHelpContentModel* contents = m_engine->contentModel();
+    disconnect(contents, &QHelpContentModel::contentsCreationStarted, nullptr, nullptr);
+    disconnect(contents, &QHelpContentModel::contentsCreated, nullptr, nullptr);
+    QHelpIndexModel* index = m_engine->indexModel();
+    disconnect(index, &QHelpIndexModel::indexCreationStarted, nullptr, nullptr);
+    disconnect(index, &QHelpIndexModel::indexCreated, nullptr, nullptr);
     m_nextSearch.clear();
     m_engine->searchEngine()->cancelIndexing();
 }

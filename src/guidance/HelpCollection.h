@@ -43,9 +43,10 @@ class HelpCollection : public QObject {
     /// ended. Of those that have to wait the last counts.
     /// @param expression in the language of the search engine
     void search(const QString& expression);
-    /// Nobody waits for a result any more. The thread of a search cannot be stopped and must not
-    /// lose the engine: this object has to live until `searchEnded`.
-    void endSearches();
+    /// Nobody looks at it or waits for a result any more, and the engine's lists may be deleted.
+    /// The thread of a search cannot be stopped and must not lose the engine: this object has to
+    /// live until `searchEnded`.
+    void endUse();
     [[nodiscard]] bool isSearching() const { return m_searching; }
 
   signals:

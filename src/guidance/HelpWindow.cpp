@@ -128,7 +128,7 @@ HelpWindow::~HelpWindow() {
     // Everything that shows the collection goes before it.
     disconnect(m_browser, nullptr, this, nullptr);
     disconnect(m_collection.get(), nullptr, this, nullptr);
-    m_collection->endSearches();
+    m_collection->endUse();
     delete takeCentralWidget();
 }
 

@@ -329,6 +329,30 @@ void TestHelpService::searchTakesAnyText() {
     QCOMPARE(results->count(), 0);
 }
 
+/// Threads fill the contents and the index, and may be done when the window is gone.
+void TestHelpService::closesWhileItsListsAreFilled() {
+    const auto collection =
+        std::make_shared<HelpCollection>(QStringLiteral(QUOR_HELP_FOLDER "/Quor.qhc"));
+    QVERIFY(collection->isReadable());
+    auto window = std::make_unique<HelpWindow>(collection);
+    const std::unique_ptr<QWidget> contents(collection->engine().contentWidget());
+    const std::unique_ptr<QWidget> index(collection->engine().indexWidget());
+    for (QWidget* list : {contents.get(), index.get()}) {
+        list->setParent(nullptr); // else it would be gone as well
+    }
+    window.reset();
+    for (QWidget* list : {contents.get(), index.get()}) {
+        list->setCursor(Qt::ForbiddenCursor);
+    }
+    const QSignalSpy filled(collection->engine().contentModel(),
+                            &QHelpContentModel::contentsCreated);
+    const QSignalSpy indexed(collection->engine().indexModel(), &QHelpIndexModel::indexCreated);
+    QTRY_VERIFY(!filled.isEmpty() && !indexed.isEmpty());
+    for (const QWidget* list : {contents.get(), index.get()}) {
+        QCOMPARE(list->cursor().shape(), Qt::ForbiddenCursor);
+    }
+}
+
 void TestHelpService::findsInThePage() {
     HelpService help;
     help.openHelp(nullptr, pathOf(u"date.html"_s));

@@ -23,6 +23,7 @@ class TestHelpService : public Test {
     void searchFindsInversione();
     void searchTakesAnyText();
     void closesWhileItSearches();
+    void closesWhileItsListsAreFilled();
     void findsInThePage();
     void zoomGoesBackToNormal();
     void staysUsableBesideAModalDialog_data();
