@@ -6,6 +6,7 @@
 #include "export/FStampaBio.h"
 #include "shell/FIns.h"
 #include "system/FProj.h"
+#include "toolkit/LineText.h"
 
 namespace quor {
 
@@ -30,7 +31,7 @@ void MDIForm1::showExport(const QString& caption) {
             unlock();
         });
     }
-    m_export->setWindowTitle(caption);
+    m_export->setWindowTitle(lineText(caption));
     if (m_newBiorhythm != nullptr && m_program.state.exportWholeSystem) {
         m_newBiorhythm->setEnabled(false); // it would give the system a member meanwhile
     }

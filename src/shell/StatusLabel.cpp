@@ -1,5 +1,6 @@
 #include "shell/StatusLabel.h"
 
+#include "toolkit/LineText.h"
 #include "toolkit/ToolTipText.h"
 
 #include <QPainter>
@@ -26,7 +27,7 @@ void StatusLabel::paintEvent(QPaintEvent* /*event*/) {
     drawFrame(&painter);
     const QRect area = contentsRect();
     style()->drawItemText(&painter, area, Qt::AlignVCenter | Qt::AlignLeft, palette(), isEnabled(),
-                          fontMetrics().elidedText(text(), Qt::ElideRight, area.width()),
+                          fontMetrics().elidedText(lineText(text()), Qt::ElideRight, area.width()),
                           foregroundRole());
 }
 

@@ -4,6 +4,7 @@
 #include "system/SystemTreeModel.h"
 #include "toolkit/CalculationDate.h"
 #include "toolkit/ImageList.h"
+#include "toolkit/LineText.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
 #include "toolkit/ToolTipText.h"
@@ -240,7 +241,7 @@ void FProj::openView(const QModelIndex& node) {
         title = u"Previsioni per "_s;
         break;
     }
-    window->setWindowTitle(title + member.name);
+    window->setWindowTitle(lineText(title + member.name));
     m_frame.showChild(window);
 }
 

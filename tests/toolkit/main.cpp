@@ -4,6 +4,7 @@
 #include "toolkit/TestDialogs.h"
 #include "toolkit/TestDrawing.h"
 #include "toolkit/TestLateInput.h"
+#include "toolkit/TestLineText.h"
 #include "toolkit/TestLongCurves.h"
 #include "toolkit/TestPictures.h"
 #include "toolkit/TestSettingsStore.h"
@@ -13,5 +14,5 @@
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands,
                quor::test::TestDialogs, quor::test::TestDrawing, quor::test::TestLateInput,
-               quor::test::TestLongCurves, quor::test::TestPictures, quor::test::TestSettingsStore,
-               quor::test::TestToolTipText)
+               quor::test::TestLineText, quor::test::TestLongCurves, quor::test::TestPictures,
+               quor::test::TestSettingsStore, quor::test::TestToolTipText)

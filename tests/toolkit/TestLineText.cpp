@@ -1,0 +1,26 @@
+#include "toolkit/TestLineText.h"
+
+#include "toolkit/LineText.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quor::test {
+
+void TestLineText::ordinaryTextIsShownAsItIs() {
+    for (const QString& text : {QString(), u"Grafico di Maria Rossi"_s, QString(1000, u'y')}) {
+        QCOMPARE(lineText(text), text);
+    }
+}
+
+void TestLineText::longTextIsCut() {
+    QCOMPARE(lineText(QString(1001, u'y')), QString(1000, u'y') + u'…');
+    QCOMPARE(lineText(QString(65'534, u'y')), QString(1000, u'y') + u'…');
+}
+
+void TestLineText::noPairIsCut() {
+    const QString pairs = u"😀"_s.repeated(600);
+    QCOMPARE(lineText(pairs), u"😀"_s.repeated(500) + u'…');
+    QCOMPARE(lineText(u'y' + pairs), u'y' + u"😀"_s.repeated(499) + u'…');
+}
+
+} // namespace quor::test
