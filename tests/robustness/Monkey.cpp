@@ -11,6 +11,7 @@
 #include <QAbstractItemModel>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
@@ -101,9 +102,10 @@ bool isBlocked(const QWidget* window, const QList<QWidget*>& windows) {
 
 } // namespace
 
-Monkey::Monkey(std::uint64_t seed, Limits limits)
+Monkey::Monkey(std::uint64_t seed, Limits limits, Means means)
     : m_random(seed)
     , m_limits(limits)
+    , m_means(means)
     , m_start(realTime()) {}
 
 void Monkey::take(MDIForm1& frame, Program& program) {
@@ -518,6 +520,10 @@ void Monkey::decide() {
     }
     if (modal != nullptr) {
         if (chance(6)) {
+            if (m_means == Means::all && chance(50)) {
+                helpBlindly();
+                return;
+            }
             note(u"play behind the box"_s);
             if (QWidget* window = someWindow(); window != nullptr) {
                 clickSomewhere(window);
@@ -648,9 +654,11 @@ void Monkey::decideInWindow(QWidget* window) {
         typeSomewhere(window);
     } else if (die < 60) {
         clickSomeButton(window);
-    } else if (die < 75) {
+    } else if (die < (m_means == Means::all ? 73 : 75)) {
         note(u"click in %1"_s.arg(nameOf(window)));
         clickSomewhere(window);
+    } else if (die < 75) {
+        helpBlindly();
     } else if (die < 86) {
         pressSomeKey();
     } else if (die < 90) {
@@ -953,6 +961,33 @@ void Monkey::enterSomebody() {
             }
         }
     });
+}
+
+/// Does what an assistive tool can do, which reaches what no hand reaches: behind a box, and in a
+/// menu that is closed.
+void Monkey::helpBlindly() {
+    QWidget* window = someWindow();
+    if (window == nullptr || qobject_cast<QFileDialog*>(window) != nullptr) {
+        return;
+    }
+    QWidget* widget = oneOf(window->findChildren<QWidget*>() << window);
+    QString name = nameOf(widget);
+    QAccessibleInterface* thing = QAccessible::queryAccessibleInterface(widget);
+    while (thing != nullptr && thing->childCount() > 0 && chance(60)) {
+        const auto child = static_cast<int>(below(static_cast<std::size_t>(thing->childCount())));
+        name += u'/' + QString::number(child);
+        thing = thing->child(child);
+    }
+    QAccessibleActionInterface* hands =
+        thing != nullptr && thing->isValid() ? thing->actionInterface() : nullptr;
+    const QStringList acts = hands != nullptr ? hands->actionNames() : QStringList();
+    if (acts.isEmpty()) {
+        note(u"an assistive tool looks at "_s + name);
+        return;
+    }
+    const QString act = oneOf(acts);
+    note(u"an assistive tool: %1 %2"_s.arg(act, name));
+    hands->doAction(act);
 }
 
 void Monkey::letTimePass() {

@@ -32,8 +32,15 @@ struct Limits {
     std::optional<std::chrono::seconds> time{};
 };
 
+/// What a monkey plays with.
+enum class Means {
+    hands, ///< mouse and keyboard
+    all,   ///< and what an assistive tool can do
+};
+
 /// Plays with the program as the windowing system would let it: keys, mouse and closings go to the
-/// windows and not to their controls, so that what is blocked by a box stays blocked.
+/// windows and not to their controls, so that what is blocked by a box stays blocked. Only
+/// assistive tools reach behind it.
 ///
 /// One step is made whenever the event loop, the program's own or that of a box, has nothing else
 /// to do. What is done depends on the seed and on what the program shows, and on nothing else.
@@ -41,7 +48,7 @@ class Monkey : public QObject {
     Q_OBJECT
 
   public:
-    Monkey(std::uint64_t seed, Limits limits);
+    Monkey(std::uint64_t seed, Limits limits, Means means = Means::all);
 
     /// The program was started again.
     void take(MDIForm1& frame, Program& program);
@@ -118,6 +125,7 @@ class Monkey : public QObject {
     void chooseFromMenuBar();
     void enterSomebody();
     void letTimePass();
+    void helpBlindly();
     void touchFiles();
     void endProgram();
     void note(const QString& action);
@@ -126,6 +134,7 @@ class Monkey : public QObject {
 
     std::mt19937_64 m_random;
     Limits m_limits;
+    Means m_means;
     std::chrono::nanoseconds m_start;
     Playground m_playground;
     FixedClock m_clock{QDate(2026, 11, 21)};

@@ -118,7 +118,8 @@ int main(int argc, char** argv) {
     const QCommandLineOption seedOption(u"seed"_s, u"Repeats a run."_s, u"number"_s);
     const QCommandLineOption actionsOption(u"actions"_s, u"Ends after so many."_s, u"number"_s);
     const QCommandLineOption secondsOption(u"seconds"_s, u"Ends after so long."_s, u"number"_s);
-    parser.addOptions({seedOption, actionsOption, secondsOption});
+    const QCommandLineOption handsOption(u"hands-only"_s, u"Does nothing as assistive tools do."_s);
+    parser.addOptions({seedOption, actionsOption, secondsOption, handsOption});
     parser.addHelpOption();
     parser.process(application);
     const std::uint64_t seed =
@@ -137,8 +138,10 @@ int main(int argc, char** argv) {
     const Nobody nobody;
     std::printf("monkey: seed %llu\n", static_cast<unsigned long long>(seed));
     std::fflush(stdout);
+    const auto means =
+        parser.isSet(handsOption) ? quor::test::Means::hands : quor::test::Means::all;
     quor::test::startJournal(seed);
-    quor::test::Monkey monkey(seed, limits);
+    quor::test::Monkey monkey(seed, limits, means);
     application.monkey = &monkey;
     quor::test::watchForFaults();
     beginPainter();
