@@ -1,5 +1,9 @@
 #include "export/SystemPrintDialog.h"
 
+#include "toolkit/Messages.h"
+
+#include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QPageRanges>
 #include <QPrintDialog>
@@ -67,17 +71,41 @@ std::vector<PageSpan> chosenPages(const QPrinter& printer, int pageCount) {
     return pages;
 }
 
-/// Nothing that is typed or pasted makes a name that no file can have: the dialog would ask the
-/// system for such a file.
-void keepFileNameWhole(const QPrintDialog& dialog) {
-    for (auto* field : dialog.findChildren<QLineEdit*>(u"filename"_s)) {
-        QObject::connect(field, &QLineEdit::textChanged, field, [field](const QString& text) {
-            if (text.contains(QChar(u'\0'))) {
-                field->setText(QString(text).remove(QChar(u'\0')));
-            }
-        });
+/// The toolkit's dialog, which tries the file that is typed before it takes it.
+class FileCheckingDialog : public QPrintDialog {
+  public:
+    FileCheckingDialog(QPrinter* printer, QWidget* parent)
+        : QPrintDialog(printer, parent)
+        , m_file(findChild<QLineEdit*>(u"filename"_s)) {
+        // Nothing that is typed or pasted makes a name that no file can have: the dialog would ask
+        // the system for such a file.
+        if (m_file != nullptr) {
+            connect(m_file, &QLineEdit::textChanged, this, [this](const QString& text) {
+                if (text.contains(QChar(u'\0'))) {
+                    m_file->setText(QString(text).remove(QChar(u'\0')));
+                }
+            });
+        }
     }
-}
+
+    /// A pipe is never tried: opening it would wait for somebody who reads it.
+    void accept() override {
+        if (m_file != nullptr && m_file->isEnabled()) {
+            const QFileInfo file(m_file->text());
+            if (file.exists() && !file.isFile() && !file.isDir()) {
+                showError(this,
+                          u"\"%1\" non è un file: niente ne prende il posto."_s.arg(
+                              QDir::toNativeSeparators(file.filePath())),
+                          u"Errore"_s);
+                return;
+            }
+        }
+        QPrintDialog::accept();
+    }
+
+  private:
+    QLineEdit* m_file;
+};
 
 } // namespace
 
@@ -100,7 +128,7 @@ std::optional<PrintChoice> showSystemPrintDialog(QWidget* parent, const PrintReq
     // The dialog makes the name of a file of it.
     static const QRegularExpression unfit(u"[/\\\\:*?\"<>|\\x00-\\x1f]"_s);
     printer.setDocName(QString(request.document).replace(unfit, u"_"_s));
-    QPrintDialog dialog(&printer, parent);
+    FileCheckingDialog dialog(&printer, parent);
     dialog.setWindowTitle(request.title);
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                       QAbstractPrintDialog::PrintCollateCopies);
@@ -108,7 +136,6 @@ std::optional<PrintChoice> showSystemPrintDialog(QWidget* parent, const PrintReq
         dialog.setOption(QAbstractPrintDialog::PrintPageRange);
         dialog.setMinMax(1, request.pageCount);
     }
-    keepFileNameWhole(dialog);
     if (dialog.exec() != QDialog::Accepted) {
         return {};
     }

@@ -305,4 +305,26 @@ void TestPrintDocument::theNameOfAFileIsOneThatAFileCanHave() {
     QCOMPARE(name, u"dopo"_s);
 }
 
+/// The toolkit's own dialog opens the file to see whether it can be written.
+void TestPrintDocument::nobodyWaitsForAPipe() {
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath(u"tubo.pdf"_s);
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    ScriptedDialogs dialogs;
+    dialogs.expectBox(u"Errore"_s, u"\"%1\" non è un file: niente ne prende il posto."_s.arg(pipe));
+    bool isStillAsked = false;
+    QTimer::singleShot(0, QCoreApplication::instance(), [&pipe, &isStillAsked] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        auto* field = dialog->findChild<QLineEdit*>(u"filename"_s);
+        QVERIFY(field->isEnabled());
+        field->setText(pipe);
+        QMetaObject::invokeMethod(dialog, "accept");
+        isStillAsked = dialog->isVisible();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    QVERIFY(
+        !showSystemPrintDialog(nullptr, {.title = u"Stampa"_s, .document = {}, .pageCount = 1}));
+    QVERIFY(isStillAsked);
+}
+
 } // namespace quor::test

@@ -23,6 +23,7 @@ class TestPrintDocument : public Test {
     void paintsPagesOnAPrinter();
     void readsTheChoiceOfAPrinter();
     void theNameOfAFileIsOneThatAFileCanHave();
+    void nobodyWaitsForAPipe();
 };
 
 } // namespace quor::test
