@@ -2,6 +2,7 @@
 
 #include "toolkit/Messages.h"
 
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -71,41 +72,43 @@ std::vector<PageSpan> chosenPages(const QPrinter& printer, int pageCount) {
     return pages;
 }
 
-/// The toolkit's dialog, which tries the file that is typed before it takes it.
-class FileCheckingDialog : public QPrintDialog {
-  public:
-    FileCheckingDialog(QPrinter* printer, QWidget* parent)
-        : QPrintDialog(printer, parent)
-        , m_file(findChild<QLineEdit*>(u"filename"_s)) {
-        // Nothing that is typed or pasted makes a name that no file can have: the dialog would ask
-        // the system for such a file.
-        if (m_file != nullptr) {
-            connect(m_file, &QLineEdit::textChanged, this, [this](const QString& text) {
-                if (text.contains(QChar(u'\0'))) {
-                    m_file->setText(QString(text).remove(QChar(u'\0')));
-                }
-            });
+/// Nothing that is typed or pasted makes a name that no file can have: the dialog would ask the
+/// system for such a file.
+void keepFileNameWhole(QLineEdit* field) {
+    QObject::connect(field, &QLineEdit::textChanged, field, [field](const QString& text) {
+        if (text.contains(QChar(u'\0'))) {
+            field->setText(QString(text).remove(QChar(u'\0')));
         }
-    }
+    });
+}
 
-    /// A pipe is never tried: opening it would wait for somebody who reads it.
-    void accept() override {
-        if (m_file != nullptr && m_file->isEnabled()) {
-            const QFileInfo file(m_file->text());
-            if (file.exists() && !file.isFile() && !file.isDir()) {
-                showError(this,
-                          u"\"%1\" non è un file: niente ne prende il posto."_s.arg(
-                              QDir::toNativeSeparators(file.filePath())),
-                          u"Errore"_s);
-                return;
-            }
+/// The dialog opens the file that is typed to see whether it can be written. Of a pipe it would
+/// wait for somebody who reads it.
+bool isFit(const QLineEdit* field, QWidget* dialog) {
+    const QFileInfo file(field->text());
+    if (!field->isEnabled() || !file.exists() || file.isFile() || file.isDir()) {
+        return true;
+    }
+    showError(dialog,
+              u"\"%1\" non è un file: niente ne prende il posto."_s.arg(
+                  QDir::toNativeSeparators(file.filePath())),
+              u"Errore"_s);
+    return false;
+}
+
+/// Looks at the file before the dialog's own check, which is all that its button is connected to.
+void checkFileFirst(QPrintDialog* dialog, const QLineEdit* field) {
+    auto* buttons = dialog->findChild<QDialogButtonBox*>();
+    if (buttons == nullptr) {
+        return;
+    }
+    QObject::disconnect(buttons, &QDialogButtonBox::accepted, dialog, nullptr);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, [dialog, field] {
+        if (isFit(field, dialog) && !QMetaObject::invokeMethod(dialog, "_q_checkFields")) {
+            dialog->accept(); // one without a check of its own
         }
-        QPrintDialog::accept();
-    }
-
-  private:
-    QLineEdit* m_file;
-};
+    });
+}
 
 } // namespace
 
@@ -128,13 +131,17 @@ std::optional<PrintChoice> showSystemPrintDialog(QWidget* parent, const PrintReq
     // The dialog makes the name of a file of it.
     static const QRegularExpression unfit(u"[/\\\\:*?\"<>|\\x00-\\x1f]"_s);
     printer.setDocName(QString(request.document).replace(unfit, u"_"_s));
-    FileCheckingDialog dialog(&printer, parent);
+    QPrintDialog dialog(&printer, parent);
     dialog.setWindowTitle(request.title);
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                       QAbstractPrintDialog::PrintCollateCopies);
     if (request.pageCount > 1) {
         dialog.setOption(QAbstractPrintDialog::PrintPageRange);
         dialog.setMinMax(1, request.pageCount);
+    }
+    if (auto* file = dialog.findChild<QLineEdit*>(u"filename"_s)) {
+        keepFileNameWhole(file);
+        checkFileFirst(&dialog, file);
     }
     if (dialog.exec() != QDialog::Accepted) {
         return {};
