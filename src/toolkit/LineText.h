@@ -5,8 +5,12 @@
 namespace quor {
 
 /// The text of a title or of a status line: its beginning, where it is longer than any screen is
-/// wide. To find the place where such a text is to be cut the toolkit measures the whole of it, again
-/// whenever it draws it, and a file may bring a name of 64 KiB. Other texts come back as they are.
+/// wide. To find the place where such a text is to be cut the toolkit measures the whole of it,
+/// again whenever it draws it, and a file may bring a name of 64 KiB. Other texts come back as they
+/// are.
 [[nodiscard]] QString lineText(const QString& text);
+
+/// The same for a text that is cut in its middle: beginning and end.
+[[nodiscard]] QString lineEnds(const QString& text);
 
 } // namespace quor
