@@ -1,5 +1,6 @@
 #include "export/FEspBio.h"
 
+#include "toolkit/LineText.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
 #include "toolkit/ToolTipText.h"
@@ -92,8 +93,8 @@ void FEspBio::setChoicesEnabled(bool enabled) {
 
 /// A line too long for the window keeps its end, the result, and can be read whole in its tip.
 void FEspBio::log(const QString& line) {
-    auto* item = new QListWidgetItem(line, m_ui->List1);
-    item->setToolTip(toolTipText(line));
+    auto* item = new QListWidgetItem(lineEnds(line), m_ui->List1);
+    item->setToolTip(toolTipText(item->text()));
     m_ui->List1->scrollToBottom();
 }
 

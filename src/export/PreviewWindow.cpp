@@ -58,8 +58,10 @@ PreviewWindow::PreviewWindow(QWidget* parent)
             &PreviewWindow::showState);
     connect(m_ui->View1, &QPdfView::zoomModeChanged, this, &PreviewWindow::showState);
     connect(m_ui->View1, &QPdfView::zoomFactorChanged, this, &PreviewWindow::showState);
-    connect(m_ui->Command1, &QPushButton::clicked, this,
-            [this] { printDocument(this, m_document); });
+    connect(m_ui->Command1, &QPushButton::clicked, this, [this] {
+        const PrintableDocument shown = m_document; // other pages may come while the dialog asks
+        printDocument(this, shown);
+    });
     connect(m_ui->Command2, &QPushButton::clicked, this, &PreviewWindow::close);
     m_ui->View1->setFocus();
     showState();

@@ -6,6 +6,7 @@
 #include "toolkit/ChildWindow.h"
 #include "toolkit/ImageList.h"
 
+#include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -103,6 +104,9 @@ void MDIForm1::buildPopup() {
     QAction* options = m_popup->addAction(u"Opzioni"_s);
     options->setObjectName(u"mnuPopOpt"_s);
     connect(options, &QAction::triggered, this, [this] {
+        if (QApplication::activeModalWidget() != nullptr) {
+            return; // as for the commands
+        }
         const QMdiSubWindow* active = m_area->currentSubWindow();
         if (auto* child = active ? qobject_cast<ChildWindow*>(active->widget()) : nullptr) {
             child->SetOptions();

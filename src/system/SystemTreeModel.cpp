@@ -1,5 +1,7 @@
 #include "system/SystemTreeModel.h"
 
+#include "toolkit/LineText.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -142,7 +144,7 @@ QVariant SystemTreeModel::data(const QModelIndex& node, int role) const {
     const auto view = SystemTreeModel::view(node);
     switch (role) {
     case Qt::DisplayRole:
-        return view ? caption(*view) : u"Bioritmo di "_s + member(node).name;
+        return view ? caption(*view) : lineText(u"Bioritmo di "_s + member(node).name);
     case Qt::DecorationRole:
         return view ? m_images.views.at(static_cast<std::size_t>(*view)) : m_images.member;
     default:

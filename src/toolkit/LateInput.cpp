@@ -1,8 +1,8 @@
 #include "toolkit/LateInput.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QSignalBlocker>
 #include <QWindow>
 
@@ -10,13 +10,23 @@ namespace quor {
 
 namespace {
 
-/// Whether a modal window takes what would be done in this one.
-bool isBlocked(const QWidget* window) {
-    const QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr || modal == window || modal->isAncestorOf(window)) {
+/// The window that this one belongs to in the end.
+const QWindow* outermost(const QWindow* window) {
+    while (const QWindow* owner = window->parent(QWindow::IncludeTransients)) {
+        window = owner;
+    }
+    return window;
+}
+
+/// Whether a modal window takes what would be done in this one. As the toolkit has it, by the
+/// windows on the screen: the help belongs to the dialog that it stands beside.
+bool isBlocked(const QWindow* window) {
+    const QWindow* modal = QGuiApplication::modalWindow();
+    if (modal == nullptr || window == nullptr || modal == window ||
+        modal->isAncestorOf(window, QWindow::IncludeTransients)) {
         return false;
     }
-    return modal->windowModality() == Qt::ApplicationModal || window->isAncestorOf(modal);
+    return modal->modality() == Qt::ApplicationModal || outermost(modal) == outermost(window);
 }
 
 /// Whether this was a window of its own before it was closed. What comes late to a list that
@@ -33,7 +43,7 @@ bool takesTimer(QAbstractButton* button, QEvent* event) {
         static_cast<QObject*>(button)->event(event);
         return true;
     }
-    return isBlocked(button->window()); // it comes again
+    return isBlocked(button->window()->windowHandle()); // it comes again
 }
 
 } // namespace

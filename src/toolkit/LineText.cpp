@@ -4,13 +4,29 @@ using namespace Qt::StringLiterals;
 
 namespace quor {
 
+namespace {
+
+constexpr qsizetype longestShown = 1000;
+
+} // namespace
+
 QString lineText(const QString& text) {
-    constexpr qsizetype longest = 1000;
-    if (text.size() <= longest) {
+    if (text.size() <= longestShown) {
         return text;
     }
-    const bool endsInPair = text[longest - 1].isHighSurrogate();
-    return text.first(endsInPair ? longest - 1 : longest) + u'…';
+    const bool endsInPair = text[longestShown - 1].isHighSurrogate();
+    return text.first(endsInPair ? longestShown - 1 : longestShown) + u'…';
+}
+
+QString lineEnds(const QString& text) {
+    if (text.size() <= longestShown) {
+        return text;
+    }
+    constexpr qsizetype half = longestShown / 2;
+    const bool firstEndsInPair = text[half - 1].isHighSurrogate();
+    const bool lastBeginsInPair = text[text.size() - half].isLowSurrogate();
+    return text.first(firstEndsInPair ? half - 1 : half) + u'…' +
+           text.last(lastBeginsInPair ? half - 1 : half);
 }
 
 } // namespace quor

@@ -10,4 +10,7 @@ namespace quor {
 /// are.
 [[nodiscard]] QString lineText(const QString& text);
 
+/// The same for a text that is cut in its middle: beginning and end.
+[[nodiscard]] QString lineEnds(const QString& text);
+
 } // namespace quor

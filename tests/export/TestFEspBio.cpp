@@ -199,6 +199,17 @@ void TestFEspBio::logKeepsTheResultInSight() {
     QCOMPARE(tip.toPlainText(), window.log().at(1));
 }
 
+/// A file may bring a name of 64 KiB; the list would measure all of it whenever it is drawn.
+void TestFEspBio::logCutsEndlessNames() {
+    Window window;
+    window.program.biorhythm.name = QString(65'000, u'x');
+    window.run(true, false, false, 0);
+    const QString line = window.log().at(1);
+    QVERIFY(line.startsWith(u"Grafico di xxx"_s));
+    QVERIFY(line.endsWith(u"xxx"_s + ok));
+    QVERIFY(line.size() < 1100);
+}
+
 void TestFEspBio::closingEndsTheRun() {
     Window window;
     window.choose(true, true, true, 0);

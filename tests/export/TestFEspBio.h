@@ -18,6 +18,7 @@ class TestFEspBio : public Test {
     void countsErrorsAndGoesOn();
     void everyRunHasTheSameProgressWindow();
     void logKeepsTheResultInSight();
+    void logCutsEndlessNames();
     void closingEndsTheRun();
     void aDisabledFrameStaysDisabled();
     void progressCannotBeClosedDuringARun();

@@ -12,6 +12,7 @@
 #include <QPdfView>
 #include <QPointer>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QToolButton>
 #include <QWheelEvent>
 
@@ -48,6 +49,22 @@ struct Preview {
     [[nodiscard]] QPdfView* view() const { return window->findChild<QPdfView*>(); }
 
     QPointer<PreviewWindow> window = new PreviewWindow;
+};
+
+/// Other pages come to the preview while the print dialog is open.
+class PagesComeMeanwhile : public ScriptedDialogs {
+  public:
+    explicit PagesComeMeanwhile(const Preview& preview)
+        : m_preview(preview) {}
+
+    std::optional<PrintChoice> print(QWidget* parent, const PrintRequest& request) override {
+        m_preview.window->setDocument(
+            {.pdf = pdfWithPages({u"a"_s, u"b"_s, u"c"_s}), .name = u"altro"_s});
+        return ScriptedDialogs::print(parent, request);
+    }
+
+  private:
+    const Preview& m_preview;
 };
 
 bool isAbout(double value, double expected) {
@@ -191,6 +208,21 @@ void TestPreviewWindow::prints() {
     button->click();
     QTest::keyClick(preview.view(), Qt::Key_P, Qt::ControlModifier);
     QVERIFY(dialogs.finished());
+}
+
+/// The pages that were asked about, though others have come while the dialog was open.
+void TestPreviewWindow::printsWhatWasShown() {
+    const Preview preview;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"pagine.pdf"_s);
+    PrintChoice choice{.printer = {}, .file = file};
+    choice.pages = {{.first = 2, .last = 2}};
+    PagesComeMeanwhile dialogs(preview);
+    dialogs.expectPrint(u"Stampa"_s, u"Maria_stampa_Riepilogo"_s, 2, choice);
+    preview.window->findChild<QPushButton*>(u"Command1"_s)->click();
+    QVERIFY(dialogs.finished());
+    QCOMPARE(textsOf(contentOf(file)), (QStringList{u"due"_s}));
+    QCOMPARE(preview.window->pageCount(), 3);
 }
 
 void TestPreviewWindow::closes() {

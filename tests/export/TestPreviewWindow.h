@@ -17,6 +17,7 @@ class TestPreviewWindow : public Test {
     void showsThePaper();
     void takesOtherPages();
     void prints();
+    void printsWhatWasShown();
     void closes();
     void controlsAreNamed();
     void withoutPagesThereIsNothingToDo();

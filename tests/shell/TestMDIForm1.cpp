@@ -412,9 +412,11 @@ void TestMDIForm1::nothingBeneathABox() {
     fixture.enter();
     QDialog box(&fixture.frame);
     box.open();
-    for (const QString& name : {u"mnuChiudiBioritmo"_s, u"mnuCalcola"_s, u"mnuEsci"_s}) {
+    for (const QString& name :
+         {u"mnuChiudiBioritmo"_s, u"mnuCalcola"_s, u"mnuEsci"_s, u"mnuPopOpt"_s}) {
         fixture.action(name)->trigger();
     }
+    QCOMPARE(fixture.frame.findChildren<QDialog*>(), (QList<QDialog*>{&box}));
     QCOMPARE(fixture.panels().constFirst(), u"Nome: Maria Rossi"_s);
     QVERIFY(fixture.ended.isEmpty());
     box.close();

@@ -215,4 +215,13 @@ void TestSystemTreeModel::manyRowsComeInTwoParts() {
     QCOMPARE(model.index(0, 0).data().toString(), u"Bioritmo di 1"_s);
 }
 
+/// What is drawn is measured whole each time; the member keeps its name.
+void TestSystemTreeModel::endlessNamesAreCut() {
+    const QString name(65'000, u'x');
+    const Fixture fixture({name});
+    QVERIFY(fixture.branches().constFirst().startsWith(u"Bioritmo di xxx"_s));
+    QVERIFY(fixture.branches().constFirst().size() < 1100);
+    QCOMPARE(fixture.model.member(fixture.model.index(0, 0)).name, name);
+}
+
 } // namespace quor::test

@@ -19,6 +19,7 @@ class TestSystemTreeModel : public Test {
     void fillingAgain();
     void theLargestSystem();
     void manyRowsComeInTwoParts();
+    void endlessNamesAreCut();
 };
 
 } // namespace quor::test

@@ -114,6 +114,34 @@ void TestLateInput::nothingInClosedWindow() {
     QVERIFY(!form.open->isDown());
 }
 
+/// A dialog need not be in the way of the whole program to be in the way of its own window.
+void TestLateInput::waitsForDialogOfItsWindow() {
+    const Form form;
+    QVERIFY(QTest::qWaitForWindowActive(form.window));
+    form.window->setAttribute(Qt::WA_DeleteOnClose, false); // the box lies on the stack
+    QDialog box(form.window);
+    form.press(Qt::Key_A);
+    box.open();
+    QCOMPARE(box.windowModality(), Qt::WindowModal);
+    QTest::qWait(static_cast<int>(aWhile.count()));
+    QVERIFY(form.window->isVisible());
+    box.close();
+    QTRY_VERIFY(!form.window->isVisible());
+}
+
+/// The help stays usable beside a box by belonging to it.
+void TestLateInput::windowOfBoxDoesNotWait() {
+    const Form form;
+    QDialog box;
+    box.setModal(true);
+    box.show();
+    form.window->windowHandle()->setTransientParent(box.windowHandle());
+    QCOMPARE(QApplication::activeModalWidget(), &box);
+    const QSignalSpy clicked(form.open, &QPushButton::clicked);
+    form.open->animateClick();
+    QTRY_COMPARE(clicked.count(), 1);
+}
+
 /// A box of one window keeps no button of another from its click.
 void TestLateInput::windowBesideDoesNotWait() {
     QWidget other;

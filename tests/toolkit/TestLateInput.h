@@ -12,6 +12,8 @@ class TestLateInput : public Test {
     void waitsForBoxAbove();
     void boxesAboveAreClicked();
     void nothingInClosedWindow();
+    void waitsForDialogOfItsWindow();
+    void windowOfBoxDoesNotWait();
     void windowBesideDoesNotWait();
     void closedWindowTakesNothing_data();
     void closedWindowTakesNothing();

@@ -23,4 +23,14 @@ void TestLineText::noPairIsCut() {
     QCOMPARE(lineText(u'y' + pairs), u'y' + u"😀"_s.repeated(499) + u'…');
 }
 
+void TestLineText::longTextKeepsItsEnd() {
+    const QString whole = QString(1000, u'y');
+    QCOMPARE(lineEnds(whole), whole);
+    QCOMPARE(lineEnds(u'a' + QString(65'534, u'y') + u'z'),
+             u'a' + QString(499, u'y') + u'…' + QString(499, u'y') + u'z');
+    const QString pairs = u"😀"_s.repeated(600);
+    QCOMPARE(lineEnds(u'y' + pairs + u'z'),
+             u'y' + u"😀"_s.repeated(249) + u'…' + u"😀"_s.repeated(249) + u'z');
+}
+
 } // namespace quor::test

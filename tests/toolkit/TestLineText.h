@@ -11,6 +11,7 @@ class TestLineText : public Test {
     void ordinaryTextIsShownAsItIs();
     void longTextIsCut();
     void noPairIsCut();
+    void longTextKeepsItsEnd();
 };
 
 } // namespace quor::test

@@ -33,4 +33,17 @@ void TestToolTipText::nothingForNothing() {
     QCOMPARE(toolTipText({}), QString());
 }
 
+/// A path of the greatest length is said whole, a name of 64 KiB is not.
+void TestToolTipText::notHigherThanTheScreen() {
+    const auto said = [](const QString& text) {
+        QTextDocument shown;
+        shown.setHtml(toolTipText(text));
+        return shown.toPlainText();
+    };
+    const QString path = QString(4096, u'x');
+    QCOMPARE(said(path), path);
+    QCOMPARE(said(QString(65'534, u'x')), QString(5000, u'x') + u'…');
+    QCOMPARE(said(u'x' + u"😀"_s.repeated(5000)), u'x' + u"😀"_s.repeated(2499) + u'…');
+}
+
 } // namespace quor::test

@@ -11,6 +11,7 @@ class TestToolTipText : public Test {
     void saysTheTextAsItIs_data();
     void saysTheTextAsItIs();
     void nothingForNothing();
+    void notHigherThanTheScreen();
 };
 
 } // namespace quor::test

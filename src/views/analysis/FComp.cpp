@@ -1,5 +1,6 @@
 #include "views/analysis/FComp.h"
 
+#include "toolkit/LineText.h"
 #include "toolkit/Messages.h"
 #include "toolkit/PictureBox.h"
 #include "toolkit/ShowHelp.h"
@@ -102,7 +103,7 @@ void FComp::changeEvent(QEvent* event) {
 void FComp::fillLists(const AppState& state) {
     QStringList names;
     for (const SystemMember& member : state.members()) {
-        names << member.name;
+        names << lineText(member.name);
         m_birthDates.push_back(member.birthDate);
     }
     auto* model = new QStringListModel(names, this);

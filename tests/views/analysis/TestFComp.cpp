@@ -418,6 +418,9 @@ void TestFComp::veryLongNames() {
     QCoreApplication::processEvents();
     QCOMPARE(list->view()->window()->width(), list->width());
     list->hidePopup();
+    // Names of 64 KiB would be measured whole for each entry.
+    program.state.systemMembers.at(1).name = QString(65'000, u'x');
+    QVERIFY(Fixture(program).list(1)->itemText(1).size() < 1100);
 }
 
 void TestFComp::screenReaders() {
