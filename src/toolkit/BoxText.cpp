@@ -1,5 +1,7 @@
 #include "toolkit/BoxText.h"
 
+#include "toolkit/LineText.h"
+
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -36,14 +38,7 @@ QString boxText(const QString& text) {
         lines = lines.first(mostLines) << u"…"_s;
     }
     for (QString& line : lines) {
-        if (line.size() > longestLine) {
-            const qsizetype half = longestLine / 2;
-            const bool inPair = line[half - 1].isHighSurrogate();
-            const bool endInPair = line[line.size() - half].isLowSurrogate();
-            line = line.first(inPair ? half - 1 : half) + u'…' +
-                   line.last(endInPair ? half - 1 : half);
-        }
-        line = breakable(line);
+        line = breakable(endsOf(line, longestLine));
     }
     return lines.join(u'\n');
 }
