@@ -6,6 +6,7 @@
 #include "shell/TitleBarStyle.h"
 #include "toolkit/ChildWindow.h"
 
+#include <QApplication>
 #include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -30,6 +31,18 @@ void giveKeysOfTheirOwn(const QMenu& systemMenu) {
     }
 }
 
+/// The last entry of a window's own menu closes it. Assistive tools find it beneath a box too,
+/// which may be about this window.
+void closeOnlyWhenFree(QMdiSubWindow* window) {
+    const QAction* close = window->systemMenu()->actions().constLast();
+    QObject::disconnect(close, &QAction::triggered, window, nullptr);
+    QObject::connect(close, &QAction::triggered, window, [window] {
+        if (QApplication::activeModalWidget() == nullptr) {
+            window->close();
+        }
+    });
+}
+
 /// Controls know their size for certain once the style has seen them; what the layouts around them,
 /// those on the pages of a tab too, have heard before may be too little.
 void askForSizesAnew(QWidget& window) {
@@ -50,6 +63,7 @@ void MDIForm1::showChild(ChildWindow* child) {
     if (window == nullptr) {
         window = m_area->addSubWindow(child);
         giveKeysOfTheirOwn(*window->systemMenu());
+        closeOnlyWhenFree(window);
         window->setAttribute(Qt::WA_DeleteOnClose);
         window->setWindowIcon(windowIcon());
         if (m_titleBarStyle->isNeeded()) {

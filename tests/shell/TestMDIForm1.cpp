@@ -410,8 +410,13 @@ void TestMDIForm1::afterClosing() {
 void TestMDIForm1::nothingBeneathABox() {
     FrameFixture fixture;
     fixture.enter();
+    const QStringList children = fixture.children();
+    QVERIFY(!children.isEmpty());
+    QAction* close = fixture.area()->subWindowList().constFirst()->systemMenu()->actions().last();
     QDialog box(&fixture.frame);
     box.open();
+    close->trigger();
+    QCOMPARE(fixture.children(), children);
     for (const QString& name :
          {u"mnuChiudiBioritmo"_s, u"mnuCalcola"_s, u"mnuEsci"_s, u"mnuPopOpt"_s}) {
         fixture.action(name)->trigger();
@@ -422,6 +427,8 @@ void TestMDIForm1::nothingBeneathABox() {
     box.close();
     fixture.expectClosing(Answer::no);
     fixture.action(u"mnuChiudiBioritmo"_s)->trigger();
+    close->trigger();
+    QCOMPARE(fixture.children().size(), children.size() - 1);
 }
 
 void TestMDIForm1::popupOptionsReachTheActiveChild() {
