@@ -94,7 +94,8 @@ void FEspBio::setChoicesEnabled(bool enabled) {
 /// A line too long for the window keeps its end, the result, and can be read whole in its tip.
 void FEspBio::log(const QString& line) {
     auto* item = new QListWidgetItem(lineEnds(line), m_ui->List1);
-    item->setToolTip(toolTipText(item->text()));
+    constexpr qsizetype longestTip = 4900; // more than the longest path
+    item->setToolTip(toolTipText(endsOf(line, longestTip)));
     m_ui->List1->scrollToBottom();
 }
 

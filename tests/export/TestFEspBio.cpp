@@ -210,6 +210,16 @@ void TestFEspBio::logCutsEndlessNames() {
     QVERIFY(line.size() < 1100);
 }
 
+/// What the list cuts can be read whole in the tip, as far as anybody reads.
+void TestFEspBio::tipsOfTheLogAreWhole() {
+    Window window;
+    window.program.biorhythm.name = QString(3000, u'x');
+    window.run(true, false, false, 0);
+    const auto* list = control<QListWidget>(*window.window, u"List1"_s);
+    const QString tip = list->item(1)->toolTip();
+    QVERIFY(tip.contains(QString(3000, u'x') + ok.toHtmlEscaped()));
+}
+
 void TestFEspBio::closingEndsTheRun() {
     Window window;
     window.choose(true, true, true, 0);

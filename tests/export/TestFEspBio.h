@@ -19,6 +19,7 @@ class TestFEspBio : public Test {
     void everyRunHasTheSameProgressWindow();
     void logKeepsTheResultInSight();
     void logCutsEndlessNames();
+    void tipsOfTheLogAreWhole();
     void closingEndsTheRun();
     void aDisabledFrameStaysDisabled();
     void progressCannotBeClosedDuringARun();
