@@ -60,10 +60,13 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
 void HelpKey::helpWith(QWidget* window) {
     if (qobject_cast<HelpWindow*>(window) != nullptr) {
         ShowHelp(window, helpPath(u"tastiera.html#guida"_s));
-    } else if (QPushButton* button = helpButton(workingWindow(window))) {
+        return;
+    }
+    QWidget* working = workingWindow(window);
+    if (QPushButton* button = helpButton(working)) {
         button->click();
     } else {
-        ShowHelp(window, helpPath());
+        ShowHelp(window, helpPath(working->property("helpTopic").toString()));
     }
 }
 

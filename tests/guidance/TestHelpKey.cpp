@@ -109,6 +109,19 @@ void TestHelpKey::opensTheWholeHelpWithoutAButton() {
     QCOMPARE(help.pages, expected);
 }
 
+void TestHelpKey::opensThePageThatAWindowNames() {
+    const KeyInPlace key;
+    HelpProbe help;
+    QWidget window;
+    window.setProperty("helpTopic", u"topic.html"_s);
+    window.show();
+    QVERIFY(isActive(window));
+    QTest::keyClick(&window, Qt::Key_F1);
+    addHelpButton(&window, u"button.html"_s)->show();
+    QTest::keyClick(&window, Qt::Key_F1);
+    QCOMPARE(help.pages, (QStringList{u"topic.html"_s, u"button.html"_s}));
+}
+
 void TestHelpKey::knowsTheHelpButtonOfTheAboutBox() {
     const KeyInPlace key;
     const HelpProbe help;

@@ -11,6 +11,7 @@ class TestHelpKey : public Test {
     void pressesTheHelpButtonOfTheActiveWindow();
     void childOfTheFrameComesFirst();
     void opensTheWholeHelpWithoutAButton();
+    void opensThePageThatAWindowNames();
     void knowsTheHelpButtonOfTheAboutBox();
     void explainsTheKeysInTheHelpItself();
     void leavesOtherKeysAlone();

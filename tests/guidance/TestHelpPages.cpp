@@ -54,9 +54,10 @@ QStringList attributes(const QString& text, const QString& name) {
 
 void TestHelpPages::eachTopicHasAPage_data() {
     QTest::addColumn<QString>("page");
-    for (const char* page : {"contatti.html", "3compat.html", "1nuovo.html", "2prev.html",
-                             "Sistemi.html", "2stato.html", "2person.html", "2settimanale.html",
-                             "2persset.html", "4esporta.html", "4stampa.html", "indice.html"}) {
+    for (const char* page :
+         {"contatti.html", "3compat.html", "1nuovo.html", "2prev.html", "Sistemi.html",
+          "2stato.html", "2person.html", "2settimanale.html", "2persset.html", "4esporta.html",
+          "4stampa.html", "leggere-grafico.html", "indice.html"}) {
         QTest::newRow(page) << QString::fromLatin1(page);
     }
 }

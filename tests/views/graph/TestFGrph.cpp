@@ -100,6 +100,7 @@ void TestFGrph::showsTheRecord() {
         QVERIFY(fixture.child<QCheckBox>(u"Check%1"_s.arg(i))->isChecked());
     }
     QCOMPARE(fixture.helpText(), generalHelp());
+    QCOMPARE(fixture.window->property("helpTopic").toString(), u"leggere-grafico.html"_s); // F1
 
     const Drawing& drawing = fixture.picture()->drawing();
     QCOMPARE(count<FilledBox>(drawing), 40);
