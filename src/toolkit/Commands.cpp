@@ -32,7 +32,7 @@ constexpr std::array<CommandInfo, commandCount> commands{{
     {Command::mnuSalvaBioritmo, "mnuSalvaBioritmo", Menu::mnuBioritmi, u"&Salva bioritmo", Needs::biorhythm, inner},
     {Command::mnuSalvaConNome, "mnuSalvaConNome", Menu::mnuBioritmi, u"Salva c&on nome", Needs::biorhythm, inner},
     {Command::mnuChiudiBioritmo, "mnuChiudiBioritmo", Menu::mnuBioritmi, u"C&hiudi Bioritmo", Needs::biorhythm, inner},
-    {Command::mnuAnteprimaDiStampa, "mnuAnteprimaDiStampa", Menu::mnuBioritmi, u"A&nteprima &di Stampa", Needs::biorhythm, startsGroup},
+    {Command::mnuAnteprimaDiStampa, "mnuAnteprimaDiStampa", Menu::mnuBioritmi, u"A&nteprima di Stampa", Needs::biorhythm, startsGroup},
     {Command::mnuStampa, "mnuStampa", Menu::mnuBioritmi, u"Sta&mpa", Needs::biorhythm, inner},
     {Command::mnuGrafico, "mnuGrafico", Menu::mnuBioritmi, u"&Grafico", Needs::biorhythm, startsGroup},
     {Command::mnuStatoSettimanale, "mnuStatoSettimanale", Menu::mnuBioritmi, u"Stato settimana&le", Needs::biorhythm, inner},

@@ -58,7 +58,7 @@ void TestCommands::theMenuOfBiorhythms() {
         (QStringList{u"mnuCalcola &Calcola nuovo"_s, u"mnuApriBioritmo &Apri bioritmo"_s,
                      u"mnuSalvaBioritmo &Salva bioritmo"_s, u"mnuSalvaConNome Salva c&on nome"_s,
                      u"mnuChiudiBioritmo C&hiudi Bioritmo"_s,
-                     u"mnuAnteprimaDiStampa A&nteprima &di Stampa"_s, u"mnuStampa Sta&mpa"_s,
+                     u"mnuAnteprimaDiStampa A&nteprima di Stampa"_s, u"mnuStampa Sta&mpa"_s,
                      u"mnuGrafico &Grafico"_s, u"mnuStatoSettimanale Stato settimana&le"_s,
                      u"mnuStatoOdierno S&tato del giorno"_s, u"mnuPrevisioni P&revisioni"_s,
                      u"mnuSpostaDataDiCalcolo S&posta data di calcolo"_s,
