@@ -5,8 +5,8 @@
 
 #include "guidance/FOpt.h"
 #include "toolkit/ChildWindow.h"
-#include "toolkit/LineText.h"
 #include "toolkit/Messages.h"
+#include "toolkit/WindowTitle.h"
 #include "views/analysis/FPrev.h"
 #include "views/analysis/FStat.h"
 #include "views/graph/FGrOpt.h"
@@ -77,25 +77,25 @@ void MDIForm1::openView(Command command) {
 
 void MDIForm1::openGraph() {
     FGrph* view = ensure(m_graph, this, [this] { return new FGrph(m_program, *this); });
-    view->setWindowTitle(lineText(u"Grafico di "_s + m_program.biorhythm.name));
+    setTitle(*view, u"Grafico di "_s + m_program.biorhythm.name);
     showChild(view);
 }
 
 void MDIForm1::openWeekly(const QString& title) {
     FGrphSet* view = ensure(m_weekly, this, [this] { return new FGrphSet(m_program); });
-    view->setWindowTitle(lineText(title));
+    setTitle(*view, title);
     showChild(view);
 }
 
 void MDIForm1::openDayState(const QString& title) {
     FStat* view = ensure(m_dayState, this, [this] { return new FStat(m_program); });
-    view->setWindowTitle(lineText(title));
+    setTitle(*view, title);
     showChild(view);
 }
 
 void MDIForm1::openForecasts() {
     FPrev* view = ensure(m_forecasts, this, [this] { return new FPrev(m_program); });
-    view->setWindowTitle(lineText(u"Previsioni di "_s + m_program.biorhythm.name));
+    setTitle(*view, u"Previsioni di "_s + m_program.biorhythm.name);
     showChild(view);
 }
 

@@ -6,7 +6,7 @@
 #include "export/FStampaBio.h"
 #include "shell/FIns.h"
 #include "system/FProj.h"
-#include "toolkit/LineText.h"
+#include "toolkit/WindowTitle.h"
 
 namespace quor {
 
@@ -31,7 +31,7 @@ void MDIForm1::showExport(const QString& caption) {
             unlock();
         });
     }
-    m_export->setWindowTitle(lineText(caption));
+    setTitle(*m_export, caption);
     if (m_newBiorhythm != nullptr && m_program.state.exportWholeSystem) {
         m_newBiorhythm->setEnabled(false); // it would give the system a member meanwhile
     }

@@ -4,10 +4,10 @@
 #include "system/SystemTreeModel.h"
 #include "toolkit/CalculationDate.h"
 #include "toolkit/ImageList.h"
-#include "toolkit/LineText.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
 #include "toolkit/ToolTipText.h"
+#include "toolkit/WindowTitle.h"
 #include "views/analysis/FComp.h"
 #include "views/analysis/FPrev.h"
 #include "views/analysis/FPrevMed.h"
@@ -241,7 +241,7 @@ void FProj::openView(const QModelIndex& node) {
         title = u"Previsioni per "_s;
         break;
     }
-    window->setWindowTitle(lineText(title + member.name));
+    setTitle(*window, title + member.name);
     m_frame.showChild(window);
 }
 

@@ -3,6 +3,7 @@
 #include "toolkit/BoxText.h"
 #include "toolkit/ImageList.h"
 #include "toolkit/PrintDialog.h"
+#include "toolkit/WindowTitle.h"
 
 #include <QColorDialog>
 #include <QFileDialog>
@@ -68,8 +69,7 @@ QString patternOf(const QString& filter) {
 void makeRoomForTitle(QMessageBox& window) {
     constexpr int ems = 14; // for the buttons of the title bar, and the text not too close to them
     const QFontMetrics metrics(window.font());
-    const int width =
-        metrics.horizontalAdvance(window.windowTitle()) + ems * metrics.averageCharWidth();
+    const int width = metrics.horizontalAdvance(titleOf(window)) + ems * metrics.averageCharWidth();
     if (auto* grid = qobject_cast<QGridLayout*>(window.layout())) {
         grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
     }
@@ -78,7 +78,7 @@ void makeRoomForTitle(QMessageBox& window) {
 /// What boxes with a text have in common.
 void dress(QMessageBox& window, BoxKind kind, const QString& title, const QString& text) {
     setPicture(window, kind);
-    window.setWindowTitle(title);
+    setTitle(window, title);
     // Texts hold names that people typed: never markup.
     window.setTextFormat(Qt::PlainText);
     window.setText(boxText(text));

@@ -2,6 +2,7 @@
 
 #include "shell/FrameFixture.h"
 
+#include "export/FEspBio.h"
 #include "guidance/FAbout.h"
 #include "guidance/FOpt.h"
 #include "toolkit/ColourSwatch.h"
@@ -12,8 +13,10 @@
 #include "views/graph/FGrph.h"
 #include "views/graph/FGrphSet.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QWindow>
 
 namespace quor::test {
 
@@ -82,6 +85,30 @@ void TestBiorhythmViews::chosenViewsOpenInOrder() {
              (QStringList{u"Grafico di Maria Rossi"_s, u"Grafico settimanale di Maria Rossi"_s,
                           u"Statistiche di Maria Rossi"_s, u"Previsioni di Maria Rossi"_s}));
     QCOMPARE(fixture.area()->currentSubWindow()->windowTitle(), u"Previsioni di Maria Rossi"_s);
+}
+
+/// Qt takes "[*]" in a title for a place of its own.
+void TestBiorhythmViews::titlesShowTheNameAsTyped() {
+    FrameFixture fixture;
+    const QString name = u"Anna [*] \"[*][*]\" [*"_s;
+    fixture.program.biorhythm.openGraph = false;
+    fixture.enter(name);
+    openAll(fixture);
+    QStringList spoken;
+    for (QMdiSubWindow* window : fixture.area()->subWindowList()) {
+        spoken << QAccessible::queryAccessibleInterface(window)->text(QAccessible::Name);
+    }
+    QCOMPARE(spoken, (QStringList{u"Grafico di "_s + name, u"Stato settimanale di "_s + name,
+                                  u"Stato del giorno di "_s + name, u"Previsioni di "_s + name}));
+    const auto* graph = fixture.frame.findChild<FGrph*>();
+    QVERIFY(graph->findChild<QWidget*>(u"Picture1"_s)
+                ->accessibleDescription()
+                .startsWith(spoken.constFirst()));
+    fixture.area()->subWindowList().constFirst()->showMaximized();
+    QCOMPARE(fixture.frame.windowHandle()->title(), u"Quor - [%1]"_s.arg(spoken.constFirst()));
+    fixture.frame.run(Command::mnuEsporta);
+    QCOMPARE(openDialog<FEspBio>(fixture)->windowHandle()->title(),
+             u"Esporta bioritmo di "_s + name);
 }
 
 void TestBiorhythmViews::viewsFromTheMenu() {

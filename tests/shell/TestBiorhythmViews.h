@@ -10,6 +10,7 @@ class TestBiorhythmViews : public Test {
   private slots:
     void viewsNeedABiorhythm();
     void chosenViewsOpenInOrder();
+    void titlesShowTheNameAsTyped();
     void viewsFromTheMenu();
     void movingTheDate();
     void movingTheDateToNonsense();

@@ -9,10 +9,12 @@
 #include "toolkit/TestPictures.h"
 #include "toolkit/TestSettingsStore.h"
 #include "toolkit/TestToolTipText.h"
+#include "toolkit/TestWindowTitle.h"
 
 #include <QApplication>
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands,
                quor::test::TestDialogs, quor::test::TestDrawing, quor::test::TestLateInput,
                quor::test::TestLineText, quor::test::TestLongCurves, quor::test::TestPictures,
-               quor::test::TestSettingsStore, quor::test::TestToolTipText)
+               quor::test::TestSettingsStore, quor::test::TestToolTipText,
+               quor::test::TestWindowTitle)

@@ -1,6 +1,7 @@
 #include "views/graph/GraphWindow.h"
 
 #include "toolkit/BusyCursor.h"
+#include "toolkit/WindowTitle.h"
 #include "toolkit/WornColour.h"
 #include "views/graph/FGrOpt.h"
 #include "views/graph/GraphDrawing.h"
@@ -176,7 +177,7 @@ void GraphWindow::chooseElement(GraphElement element, bool shown) {
 
 void GraphWindow::describePicture() {
     m_ui->Picture1->setAccessibleDescription(
-        describeGraph({.title = windowTitle(),
+        describeGraph({.title = titleOf(*this),
                        .calculationDate = m_calculationDate,
                        .values = m_source->valuesOn(m_daysAround, m_daysAround),
                        .daysAround = m_daysAround,
