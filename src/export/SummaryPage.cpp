@@ -1,23 +1,14 @@
 #include "export/SummaryPage.h"
 
 #include "core/Clock.h"
-#include "storage/Cp1252.h"
+#include "export/HtmlText.h"
 #include "views/graph/WeekState.h"
 
-#include <algorithm>
 #include <array>
 
 namespace quor {
 
 namespace {
-
-constexpr char16_t lastAscii = 0x7F;
-
-/// A text of the user between tags. It is converted on its own, so that its first character is
-/// never composed with the end of the tag before it.
-QByteArray shown(const QString& text) {
-    return toCp1252(text).replace('&', "&amp;").replace('<', "&lt;").replace('>', "&gt;");
-}
 
 /// Adds line after line to the page.
 class SummaryWriter {
@@ -26,7 +17,6 @@ class SummaryWriter {
                   const QLocale& locale)
         : m_biorhythm(biorhythm)
         , m_prefix(prefix)
-        , m_accents(accentsInAddresses(biorhythm.name, prefix))
         , m_forScreen(variant == PageVariant::screen)
         , m_locale(locale) {}
 
@@ -34,7 +24,7 @@ class SummaryWriter {
         line("<DOCTYPE HTML PUBLIC>");
         line("<HTML>");
         line("<HEAD>");
-        line("<TITLE>Riepilogo dati bioritmici di " + shown(m_biorhythm.name) + "</TITLE>");
+        line("<TITLE>Riepilogo dati bioritmici di " + htmlText(m_biorhythm.name) + "</TITLE>");
         line(R"(<META name="generator" content="Quor v1.0">)");
         line("<STYLE>");
         line("BODY    { font-size: 12pt; background-color: #DDDDFF; color: #000000; margin: 5%; }");
@@ -57,7 +47,7 @@ class SummaryWriter {
     void writePerson() {
         openTable();
         writeHeading("Dati personali");
-        line("<TR><TD><B>Nome: </B>" + shown(m_biorhythm.name) + "</TD></TR>");
+        line("<TR><TD><B>Nome: </B>" + htmlText(m_biorhythm.name) + "</TD></TR>");
         line("<TR><TD><B>Data di nascita: </B>" + longText(m_biorhythm.birthDate) + "</TD></TR>");
         line("<TR><TD><B>Bioritmo calcolato in data: </B>" + longText(m_biorhythm.calculationDate) +
              "</TD></TR>");
@@ -116,14 +106,14 @@ class SummaryWriter {
     }
 
     [[nodiscard]] QByteArray longText(DateValue date) const {
-        return shown(longDate(date, m_locale));
+        return htmlText(longDate(date, m_locale));
     }
     [[nodiscard]] QByteArray shortText(DateValue date) const {
-        return shown(shortDate(date, m_locale));
+        return htmlText(shortDate(date, m_locale));
     }
 
     [[nodiscard]] QByteArray picture(const QString& fileName) const {
-        return "<IMG src=\"" + pictureAddress(fileName, m_accents) + R"(" alt="" border="1">)";
+        return "<IMG src=\"" + htmlAddress(fileName) + R"(" alt="" border="1">)";
     }
 
     void openTable() { line(R"(<TABLE width="100%" class="c1">)"); }
@@ -166,7 +156,6 @@ class SummaryWriter {
 
     const Biorhythm& m_biorhythm;
     const QString& m_prefix;
-    Accents m_accents;
     bool m_forScreen;
     const QLocale& m_locale;
     QByteArray m_page;
@@ -193,36 +182,6 @@ QByteArray colourHex(Colour colour) {
     const QByteArray digits =
         QByteArray::number(static_cast<std::uint32_t>(colour), 16).toUpper().rightJustified(6, '0');
     return digits.last(2) + digits.sliced(2, 2) + digits.first(2);
-}
-
-QByteArray pictureAddress(const QString& fileName, Accents accents) {
-    QByteArray address;
-    for (qsizetype i = 0; i < fileName.size(); ++i) {
-        const bool pair = fileName[i].isHighSurrogate() && i + 1 < fileName.size();
-        const QString character = fileName.sliced(i, pair ? 2 : 1);
-        i += pair ? 1 : 0;
-        const char16_t code = character[0].unicode();
-        const QByteArray bytes = toCp1252(character);
-        const bool unsafe = code > lastAscii
-                                ? accents == Accents::encoded || fromCp1252(bytes) != character
-                                : QStringView(u"%#?\"<>").contains(character[0]) ||
-                                      (code == u' ' && address.isEmpty());
-        if (code == u'&') {
-            address += "&amp;";
-        } else if (unsafe) {
-            address += character.toUtf8().toPercentEncoding();
-        } else {
-            address += bytes;
-        }
-    }
-    return address;
-}
-
-Accents accentsInAddresses(const QString& name, const QString& prefix) {
-    const QString seen = prefix.contains(fileNamePart(name)) ? prefix : prefix + name;
-    const auto beyondAscii =
-        std::count_if(seen.begin(), seen.end(), [](QChar c) { return c.unicode() > lastAscii; });
-    return beyondAscii > 1 ? Accents::encoded : Accents::kept;
 }
 
 } // namespace quor

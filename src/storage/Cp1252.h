@@ -4,8 +4,8 @@
 #include <QByteArrayView>
 #include <QString>
 
-/// Code page 1252, the 8-bit character set of the files and of the summary page. (The toolkit knows
-/// it only where it was built with a library of character sets.)
+/// Code page 1252, the 8-bit character set of the files. (Qt knows it only where it was built with
+/// a library of character sets.)
 namespace quor {
 
 /// A character that the code page lacks becomes "?", one for each character. Letters and the

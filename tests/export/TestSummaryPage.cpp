@@ -42,40 +42,6 @@ void TestSummaryPage::colours() {
     QCOMPARE(colourHex(colour), text);
 }
 
-void TestSummaryPage::addresses_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("address");
-    QTest::newRow("plain") << u"D'Amico-1 (a)_x.png"_s << QByteArray("D'Amico-1 (a)_x.png");
-    QTest::newRow("of the code page") << u"Niccolò.png"_s << QByteArray("Niccol\xF2.png");
-    QTest::newRow("of an address") << u"50% #1?.png"_s << QByteArray("50%25 %231%3F.png");
-    QTest::newRow("of the page") << u"a&b\"<c>"_s << QByteArray("a&amp;b%22%3Cc%3E");
-    QTest::newRow("blank in front") << u"  a"_s << QByteArray("%20 a");
-    QTest::newRow("beyond the code page")
-        << u"李\U0001f600.png"_s << QByteArray("%E6%9D%8E%F0%9F%98%80.png");
-}
-
-void TestSummaryPage::addresses() {
-    QFETCH(QString, name);
-    QFETCH(QByteArray, address);
-    QCOMPARE(pictureAddress(name, Accents::kept), address);
-}
-
-void TestSummaryPage::severalAccentsAreEncoded() {
-    QCOMPARE(pictureAddress(u"Mosè D'Aloè"_s, Accents::encoded),
-             QByteArray("Mos%C3%A8 D'Alo%C3%A8"));
-    for (const auto& [name, prefix, accents] :
-         {std::tuple{u"Anna"_s, u"Anna_"_s, Accents::kept},
-          {u"Niccolò"_s, u"Casa_Niccolò_"_s, Accents::kept},
-          {u"Niccolò"_s, u"Però_Niccolò_"_s, Accents::encoded},
-          {u"Mosè D'Aloè"_s, u"Mosè D'Aloè_"_s, Accents::encoded},
-          // The prefix is that of a file: the name stands in the page all the same.
-          {u"Mosè D'Aloè"_s, u"Mose_"_s, Accents::encoded},
-          {u"Niccolò"_s, u"Però_"_s, Accents::encoded},
-          {u"Niccolò"_s, u"Niccolo_"_s, Accents::kept}}) {
-        QCOMPARE(accentsInAddresses(name, prefix), accents);
-    }
-}
-
 void TestSummaryPage::theWeekOfASunday() {
     QVERIFY(page(person(QDate(2026, 11, 22)))
                 .contains("<B>Grafico per la settimana dal 16/11/2026 al 22/11/2026</B>"));

@@ -10,9 +10,6 @@ class TestSummaryPage : public Test {
   private slots:
     void colours_data();
     void colours();
-    void addresses_data();
-    void addresses();
-    void severalAccentsAreEncoded();
     void theWeekOfASunday();
     void damagedSpansShowADay();
 };

@@ -2,7 +2,8 @@
 //
 // driver CASES.json: {"today": "2026-11-21", "size": [400, 200], "font": "DejaVu Serif",
 // "cases": [{"folder", "name", "birth", "calculation", "days", "curves": [4], "week": [3],
-// "print", "graph", "weekly", "page"}]}. A system's file in "system" opens one with this person.
+// "print", "graph", "weekly", "page", "locale"}]}. A system's file in "system" opens one with this
+// person.
 
 #include "core/Clock.h"
 #include "export/ExportRun.h"
@@ -50,6 +51,7 @@ bool run(const QJsonObject& wanted, QSize size) {
     program.state.systemFilePath = wanted[u"system"_s].toString();
     program.state.systemOpen = !program.state.systemFilePath.isEmpty();
 
+    QLocale::setDefault(QLocale(wanted[u"locale"_s].toString(u"it_IT"_s)));
     const QString folder = wanted[u"folder"_s].toString();
     QDir().mkpath(folder);
     ExportRun run(
@@ -74,7 +76,6 @@ bool run(const QJsonObject& wanted, QSize size) {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     QFile file(argc == 2 ? QString::fromLocal8Bit(argv[1]) : QString());
     if (!file.open(QIODevice::ReadOnly)) {
         std::fputs("usage: driver CASES.json\n", stderr);

@@ -3,6 +3,7 @@
 #include "export/TestExportPictures.h"
 #include "export/TestExportPng.h"
 #include "export/TestExportRun.h"
+#include "export/TestHtmlText.h"
 #include "export/TestSummaryPage.h"
 #include "support/Hermetic.h"
 
@@ -10,4 +11,4 @@
 
 QUOR_TEST_MAIN(QGuiApplication, quor::test::TestExportNames, quor::test::TestSummaryPage,
                quor::test::TestExportPng, quor::test::TestExportPictures, quor::test::TestExportRun,
-               quor::test::TestExportBatch)
+               quor::test::TestExportBatch, quor::test::TestHtmlText)

@@ -1,4 +1,5 @@
-"""Summary pages of persons with every sort of name, in a browser: each picture must be found.
+"""Summary pages in a browser: of persons with every sort of name, and of days from all over the year. Each
+picture must be found, and names and dates must read letter by letter as they were written.
 
 Usage: test_page_in_browser.py DRIVER [CHROMIUM]
 """
@@ -12,6 +13,8 @@ import shutil
 import subprocess
 import sys
 import tempfile
+
+from page_reference import dates_of_the_year, day, long
 
 NAMES = [
     "Giulia Ferraro",
@@ -128,11 +131,14 @@ def main(driver: str, chromium: str) -> int:
             {
                 "folder": str(root / "out # 100% è 李" / str(i)),
                 "name": name,
-                "birth": "1981-12-25",
-                "calculation": "2026-11-20",
+                "birth": birth,
+                "calculation": calculation,
                 "print": i % 2 == 1,  # starting the browser is what takes time
             }
-            for i, name in enumerate(NAMES)
+            for i, (name, birth, calculation) in enumerate(
+                [(name, "1981-12-25", "2026-11-20") for name in NAMES]
+                + [("Anna", date, date) for date in dates_of_the_year()]
+            )
         ]
         (root / "cases.json").write_text(
             json.dumps({"today": "2026-11-21", "size": [120, 60], "cases": cases})
@@ -155,11 +161,14 @@ def main(driver: str, chromium: str) -> int:
             with tempfile.TemporaryDirectory() as profile:
                 dom = dump(chromium, page, profile)
             found = re.search(r'data-widths="([^"]*)"', dom)
-            shown = html.unescape(re.search(r"<b>Nome: </b>(.*?)</td>", dom, re.S).group(1))
+            shown = [html.unescape(text) for text in re.findall(r"<td><b>[^<]*: </b>(.*?)</td>", dom, re.S)]
+            # No page can hold a control character of the second kind.
+            wanted = [re.sub("[\x80-\x9f]", "\ufffd", case["name"])]
+            wanted += [long(day(case[date])) for date in ("birth", "calculation")]
             widths = found.group(1) if found else "nothing"
-            print(f"{widths:25} {case['name'][:30]!r} shown as {shown[:40]!r}")
-            if widths != "120,34,34,34,114":
-                print("  ** wrong")
+            print(f"{widths:25} {case['name'][:30]!r} {case['calculation']}")
+            if widths != "120,34,34,34,114" or shown != wanted:
+                print(f"  ** wrong: {shown}, not {wanted}")
                 faults += 1
     faults += layout_faults(driver, chromium)
     print(f"{len(cases)} pages, {faults} faults")

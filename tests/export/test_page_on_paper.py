@@ -1,16 +1,20 @@
-"""The summary page for print comes out on one sheet of A4, with its pictures whole.
+"""The summary page for print comes out on one sheet of A4, with its pictures whole, and its dates read
+letter by letter as they were written.
 
 Usage: test_page_on_paper.py DRIVER QUOR_RENDER
 Needs Debian's poppler-utils.
 """
 
-import json
 import os
 import pathlib
 import re
 import subprocess
 import sys
 import tempfile
+
+from page_reference import dates_of_the_year, day, export, long
+
+from page_reference import dates_of_the_year, day, export, long
 
 
 def main(driver: str, renderer: str) -> int:
@@ -19,10 +23,7 @@ def main(driver: str, renderer: str) -> int:
         root = pathlib.Path(folder)
         case = {"folder": folder, "name": "Giulia Ferraro", "birth": "1990-07-08",
                 "calculation": "2026-11-20", "print": True}  # fmt: skip
-        (root / "cases.json").write_text(
-            json.dumps({"today": "2026-11-21", "size": [635, 449], "cases": [case]})
-        )
-        subprocess.run([driver, root / "cases.json"], check=True)
+        export(driver, [case], (635, 449))
         page = next(root.glob("*Riepilogo.html"))
         pdf = root / "page.pdf"
         (root / "home").mkdir(mode=0o700)
@@ -48,6 +49,20 @@ def main(driver: str, renderer: str) -> int:
         expected = sorted([(635, 449, 96), (627, 112, 96), *[(205, 112, 96)] * 3])
         if found != expected:
             faults.append(f"pictures {found}, not {expected}")
+
+        dates = dates_of_the_year()
+        export(driver, [
+            {"folder": f"{folder}/{date}", "name": "Mosè D'Aloè", "birth": date, "calculation": date,
+             "graph": False, "weekly": False}
+            for date in dates
+        ])  # fmt: skip
+        for date in dates:
+            subprocess.run([renderer, *(root / date).iterdir(), pdf], check=True, timeout=120, env=environment)
+            shown = subprocess.run(["pdftotext", pdf, "-"], capture_output=True, text=True, check=True).stdout
+            written = long(day(date))
+            expected = ["Nome: Mosè D'Aloè", f"Data di nascita: {written}", f"Bioritmo calcolato in data: {written}"]
+            if missing := set(expected) - set(shown.splitlines()):
+                faults.append(f"{date}: no {missing}")
     print("\n".join(faults) or "one sheet")
     return 1 if faults else 0
 

@@ -2,11 +2,14 @@
 
 #include "storage/WholeFile.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QPageLayout>
 #include <QPageSize>
+#include <QUrl>
 #include <QWebEngineSettings>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -14,6 +17,9 @@ using namespace Qt::StringLiterals;
 namespace quor::render {
 
 namespace {
+
+/// The engine takes no more than 2 MB with a type, each byte of which may be written in three.
+constexpr qint64 greatestContent = 600'000;
 
 void restrict(QWebEngineSettings& settings) {
     using S = QWebEngineSettings;
@@ -27,25 +33,28 @@ void restrict(QWebEngineSettings& settings) {
     settings.setAttribute(S::AutoLoadImages, true);
     settings.setAttribute(S::LocalContentCanAccessFileUrls, true);
     settings.setAttribute(S::PrintElementBackgrounds, true);
-    // Of pages that do not say.
-    settings.setDefaultTextEncoding(u"windows-1252"_s);
+}
+
+bool namesItsCharacterSet(const QByteArray& page) {
+    constexpr qsizetype looked = 1024; // as far as the engine looks
+    return page.first(std::min(looked, page.size())).toLower().contains("charset") ||
+           page.startsWith("\xEF\xBB\xBF"); // of UTF-8
 }
 
 } // namespace
 
-LoadedPage::LoadedPage(QUrl url, QWebEngineProfile* profile)
-    : QWebEnginePage(profile)
-    , m_url(std::move(url)) {}
+LoadedPage::LoadedPage(QWebEngineProfile* profile)
+    : QWebEnginePage(profile) {}
 
-bool LoadedPage::acceptNavigationRequest(const QUrl& url, NavigationType /*type*/,
+bool LoadedPage::acceptNavigationRequest(const QUrl& /*url*/, NavigationType /*type*/,
                                          bool isMainFrame) {
-    return isMainFrame && url == m_url;
+    return isMainFrame && !std::exchange(m_navigated, true);
 }
 
 PagePrinter::PagePrinter(Arguments arguments)
     : m_arguments(std::move(arguments))
     , m_requests(m_arguments.page)
-    , m_page(QUrl::fromLocalFile(QFileInfo(m_arguments.page).absoluteFilePath()), &m_profile) {
+    , m_page(&m_profile) {
     m_profile.setHttpCacheType(QWebEngineProfile::NoCache);
     m_profile.setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
     m_profile.setSpellCheckEnabled(false);
@@ -67,13 +76,22 @@ PagePrinter::PagePrinter(Arguments arguments)
 }
 
 void PagePrinter::start() {
-    const QFileInfo page(m_arguments.page);
-    if (!page.isFile() || !page.isReadable()) {
+    QFile page(m_arguments.page);
+    if (!QFileInfo(page).isFile() || !page.open(QIODevice::ReadOnly)) {
         emit finished(pageFailed,
                       u"la pagina manca o non si può leggere: %1"_s.arg(m_arguments.page));
         return;
     }
-    m_page.load(QUrl::fromLocalFile(page.absoluteFilePath()));
+    const QUrl address = QUrl::fromLocalFile(QFileInfo(page).absoluteFilePath());
+    const QByteArray content = page.read(greatestContent);
+    // The engine guesses the character set of a file that names none, whatever its default is, and
+    // takes some Italian texts for Czech. It does not guess when it is given the content and the
+    // set.
+    if (namesItsCharacterSet(content) || !page.atEnd()) {
+        m_page.load(address);
+    } else {
+        m_page.setContent(content, u"text/html;charset=windows-1252"_s, address);
+    }
 }
 
 void PagePrinter::print() {

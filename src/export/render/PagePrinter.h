@@ -5,24 +5,23 @@
 
 #include <QObject>
 #include <QString>
-#include <QUrl>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 
 namespace quor::render {
 
-/// Follows no link and no redirection away from the page that it was told to load.
+/// Follows no link and no redirection away from the page that it loads first.
 class LoadedPage : public QWebEnginePage {
     Q_OBJECT
 
   public:
-    LoadedPage(QUrl url, QWebEngineProfile* profile);
+    explicit LoadedPage(QWebEngineProfile* profile);
 
   protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
 
   private:
-    QUrl m_url;
+    bool m_navigated = false;
 };
 
 /// Loads the page once, prints it into the file once, and says how that ended.

@@ -152,6 +152,26 @@ class Render(unittest.TestCase):
         self.assertEqual(self.info("Pages"), "1")
         self.assertRegex(self.info("Page size"), r"A4")
 
+    def test_character_set(self) -> None:
+        """That of a page which names none is not guessed; these words are taken for Czech."""
+        guessed = "lunedì 7 marzo 2022 Mosè D'Aloè"
+        for page, wanted in (
+            (f"<TITLE>{guessed}</TITLE><P>{guessed}".encode("cp1252"), guessed),
+            (f'<META charset="utf-8"><P>{guessed} Łódź'.encode(), f"{guessed} Łódź"),
+            (f"<P>{guessed} Łódź".encode("utf-8-sig"), f"{guessed} Łódź"),
+            (b"<P>luned&igrave; &#321;&oacute;d&#378;", "lunedì Łódź"),
+        ):
+            path = self.folder / "pagina.html"
+            path.write_bytes(page)
+            self.render(path)
+            self.assertEqual(self.text().strip(), wanted)
+
+    def test_large_pages(self) -> None:
+        (self.folder / "grafico.png").write_bytes(png(60, 30, (30, 120, 220)))
+        self.render(self.page(f'<!--{"%" * 3_000_000}--><IMG src="grafico.png">'))
+        self.assertIn("Nome: Niccol", self.text())
+        self.assertEqual(self.pictures(), [(60, 30)])
+
     def test_colours_of_the_page(self) -> None:
         self.render(self.page())
         width, height, data = self.pixels(50)
