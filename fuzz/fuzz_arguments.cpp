@@ -114,8 +114,7 @@ void checkMeaning(const quor::StartRequest& request, const QStringList& argument
         check(request.text.isEmpty(), "nothing is named");
         break;
     case StartMode::commandLineText:
-        check(!arguments.isEmpty() && !arguments.constFirst().startsWith(u"--"_s) &&
-                  request.text == arguments.join(u' '),
+        check(request.text == arguments.join(u' '),
               "the text is all arguments, joined by one blank");
         break;
     case StartMode::openFile:
@@ -146,9 +145,10 @@ void checkMeaning(const quor::StartRequest& request, const QStringList& argument
           "only an export has something to export");
     check(request.mode == StartMode::reportFile || isEmpty(request.report),
           "only a report has something to report");
-    check((request.mode == StartMode::commandLineText) ==
-              (!arguments.isEmpty() && !arguments.constFirst().startsWith(u"--"_s)),
-          "a first argument that is no option makes all of them a text");
+    const bool isText =
+        !arguments.join(u' ').isEmpty() && !arguments.constFirst().startsWith(u"--"_s);
+    check((request.mode == StartMode::commandLineText) == isText,
+          "a first argument that is no option makes all of them a text, unless that is empty");
 }
 
 QChar asciiLower(QChar c) {
@@ -176,9 +176,8 @@ void checkPath(const QString& text) {
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const QString all = quor::fuzz::textOf(data, size);
-    const QStringList arguments = all.isEmpty() ? QStringList() : all.split(u'\0');
-    const quor::StartRequest request = quor::parseArguments(arguments);
-    checkMeaning(request, arguments);
+    const QStringList arguments = all.split(u'\0'); // an empty input is one empty argument
+    checkMeaning(quor::parseArguments(arguments), arguments);
     checkPath(arguments.join(u' '));
     return 0;
 }

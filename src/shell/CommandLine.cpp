@@ -176,11 +176,12 @@ StartRequest reportRequest(const QCommandLineParser& parser) {
 } // namespace
 
 StartRequest parseArguments(const QStringList& arguments) {
-    if (arguments.isEmpty()) {
+    const QString text = arguments.join(u' ');
+    if (text.isEmpty()) {
         return {};
     }
     if (!arguments.constFirst().startsWith(u"--"_s)) {
-        return {.mode = StartMode::commandLineText, .text = arguments.join(u' ')};
+        return {.mode = StartMode::commandLineText, .text = text};
     }
     // What is left of the desktop entry's "--open %f" when the program is chosen from a menu.
     if (arguments == QStringList{u"--open"_s}) {
@@ -203,8 +204,8 @@ StartRequest parseArguments(const QStringList& arguments) {
     if (parser.isSet(u"version"_s)) {
         return {.mode = StartMode::showVersion};
     }
-    if (const auto text = misfit(parser)) {
-        return wrong(*text);
+    if (const auto problem = misfit(parser)) {
+        return wrong(*problem);
     }
     if (parser.isSet(u"export"_s)) {
         return exportRequest(parser);

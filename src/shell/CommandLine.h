@@ -11,7 +11,8 @@
 /// What the program was started with.
 ///
 /// Long options stand first ("--open FILE"). Anything else is the command-line text: the arguments
-/// joined by one blank, a path that the shell of the desktop has put between double quotes.
+/// joined by one blank, a path that the shell of the desktop has put between double quotes. One
+/// empty argument names nothing.
 namespace quor {
 
 enum class StartMode : std::uint8_t {

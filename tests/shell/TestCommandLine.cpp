@@ -17,6 +17,8 @@ void TestCommandLine::options_data() {
         QTest::newRow(name) << arguments << static_cast<int>(mode) << text;
     };
     row("nothing", {}, StartMode::plain, {});
+    row("one empty argument", {QString()}, StartMode::plain, {});
+    row("a blank", {u" "_s}, StartMode::commandLineText, u" "_s);
     row("open", {u"--open"_s, u"/a b/c.bio"_s}, StartMode::openFile, u"/a b/c.bio"_s);
     row("open with an equals sign", {u"--open=c.bio"_s}, StartMode::openFile, u"c.bio"_s);
     row("open a file named like an option", {u"--open"_s, u"--x.bio"_s}, StartMode::openFile,
