@@ -151,7 +151,9 @@ void FProj::addMember(const QString& name) {
         return;
     }
     if (!m_tree->addMember({name, m_program.biorhythm.birthDate})) {
-        showOverflow(this);
+        showOverflow(this,
+                     u"Il sistema è pieno: contiene già 32767 bioritmi. Rimuoverne uno prima di "
+                     "inserirne un altro, oppure inserirlo in un altro sistema."_s);
         return;
     }
     enableSystemButtons(true);
@@ -286,8 +288,8 @@ void FProj::removeMember() {
     if (!branch.isValid()) {
         return;
     }
-    if (ask(this, u"Rimuovere il bioritmo di %1 ?"_s.arg(m_tree->member(branch).name),
-            u"Conferma eliminazione"_s) == Answer::no) {
+    if (askBeforeLoss(this, u"Rimuovere il bioritmo di %1 ?"_s.arg(m_tree->member(branch).name),
+                      u"Conferma eliminazione"_s) == Answer::no) {
         return;
     }
     m_tree->removeMember(branch);

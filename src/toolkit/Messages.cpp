@@ -28,8 +28,8 @@ void showError(QWidget* parent, const QString& text, const QString& title) {
     show(parent, BoxKind::error, text, title);
 }
 
-void showOverflow(QWidget* parent) {
-    showError(parent, u"Overflow"_s, u"Errore"_s);
+void showOverflow(QWidget* parent, const QString& advice) {
+    showError(parent, u"Overflow\n"_s + advice, u"Errore"_s);
 }
 
 Answer ask(QWidget* parent, const QString& text, const QString& title) {

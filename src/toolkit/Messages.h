@@ -17,8 +17,9 @@ void showInformation(QWidget* parent, const QString& text, const QString& title)
 void showWarning(QWidget* parent, const QString& text, const QString& title);
 void showError(QWidget* parent, const QString& text, const QString& title);
 
-/// "Overflow", titled "Errore": a number does not fit its field.
-void showOverflow(QWidget* parent);
+/// "Overflow" and, below it, what to enter instead, titled "Errore": a number does not fit its
+/// field.
+void showOverflow(QWidget* parent, const QString& advice);
 
 /// A question with Yes and No; closing the box is No.
 [[nodiscard]] Answer ask(QWidget* parent, const QString& text, const QString& title);

@@ -203,8 +203,9 @@ class SystemTest(ProgramTestCase):
 
         program.click(self.member("Anna Bianchi"))
         self.press("Rimuovi")
-        self.answer("Conferma eliminazione", "Rimuovere il bioritmo di Anna Bianchi ?",
-                    "Sì", "No")
+        box = program.message_box("Conferma eliminazione")
+        program.key("Return")  # is No
+        program.wait_gone(box.node)
         self.assertEqual(self.members(), list(PEOPLE))
         self.press("Rimuovi")
         self.answer("Conferma eliminazione", "Rimuovere il bioritmo di Anna Bianchi ?",

@@ -287,7 +287,7 @@ class OptionsTest(ViewsTestCase):
         self.assertEqual(text_of(days), "5")
         program.set_text(days, "40000")
         program.click(program.button(dialog, "Ok"))
-        self.assert_box("Errore", "Overflow")
+        self.assert_box("Errore", "Overflow\nScrivere un numero di giorni da 1 a 32767.")
         program.wait_active(dialog)
         self.assertEqual(text_of(days), "40000")
         program.click(program.button(dialog, "Cancel"))

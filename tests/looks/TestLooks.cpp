@@ -130,7 +130,8 @@ void TestLooks::boxesHaveNoFaults_data() {
     const std::pair<const char*, Open> boxes[]{
         {"information", message(BoxKind::information, u"File salvato"_s)},
         {"warning", message(BoxKind::warning, longText)},
-        {"error", message(BoxKind::error, u"Overflow"_s)},
+        {"error",
+         message(BoxKind::error, u"Overflow\nScrivere un numero di giorni da 1 a 32767."_s)},
         {"question", message(BoxKind::question, longText)},
         {"loss", message(BoxKind::loss, u"Bioritmo di Anna\n\nEliminare le modifiche?"_s)},
         {"choice",

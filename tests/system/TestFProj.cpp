@@ -378,7 +378,10 @@ void TestFProj::noMoreThanTheLargestSystem() {
     }
     Fixture fixture(names);
     QTRY_COMPARE(fixture.tree()->model()->rowCount(), largest);
-    fixture.dialogs.expectBox(u"Errore"_s, u"Overflow"_s);
+    fixture.dialogs.expectBox(
+        u"Errore"_s,
+        u"Overflow\nIl sistema è pieno: contiene già 32767 bioritmi. Rimuoverne uno prima di "
+        "inserirne un altro, oppure inserirlo in un altro sistema."_s);
     fixture.enter(u"Anna"_s);
     QVERIFY(fixture.dialogs.finished());
     QCOMPARE(fixture.program.state.systemCount, std::int16_t{largest});
@@ -517,8 +520,8 @@ void TestFProj::invalidSelections() {
 void TestFProj::removingTheFirstOfThree() {
     Fixture fixture({u"Anna"_s, u"Bruno"_s, u"Carla"_s});
     fixture.select(fixture.member(0));
-    fixture.dialogs.expectQuestion(u"Conferma eliminazione"_s, u"Rimuovere il bioritmo di Anna ?"_s,
-                                   Answer::yes);
+    fixture.dialogs.expectLoss(u"Conferma eliminazione"_s, u"Rimuovere il bioritmo di Anna ?"_s,
+                               Answer::yes);
     fixture.press(u"Command7"_s);
     QVERIFY(fixture.dialogs.finished());
     QCOMPARE(memberNames(fixture.program.state), (QStringList{u"Carla"_s, u"Bruno"_s}));
@@ -536,8 +539,8 @@ void TestFProj::removingTheFirstOfThree() {
 void TestFProj::removingIsRefused() {
     Fixture fixture({u"Anna"_s});
     fixture.select(fixture.member(0));
-    fixture.dialogs.expectQuestion(u"Conferma eliminazione"_s, u"Rimuovere il bioritmo di Anna ?"_s,
-                                   Answer::no);
+    fixture.dialogs.expectLoss(u"Conferma eliminazione"_s, u"Rimuovere il bioritmo di Anna ?"_s,
+                               Answer::no);
     fixture.press(u"Command7"_s);
     QVERIFY(fixture.dialogs.finished());
     QCOMPARE(fixture.branches(), QStringList{u"Bioritmo di Anna"_s});
@@ -548,8 +551,8 @@ void TestFProj::removingIsRefused() {
 void TestFProj::removingTheLastOne() {
     Fixture fixture({u"Anna"_s});
     fixture.select(fixture.member(0));
-    fixture.dialogs.expectQuestion(u"Conferma eliminazione"_s, u"Rimuovere il bioritmo di Anna ?"_s,
-                                   Answer::yes);
+    fixture.dialogs.expectLoss(u"Conferma eliminazione"_s, u"Rimuovere il bioritmo di Anna ?"_s,
+                               Answer::yes);
     fixture.press(u"Command7"_s);
     QVERIFY(fixture.branches().isEmpty());
     QVERIFY(fixture.enabledButtons().isEmpty());

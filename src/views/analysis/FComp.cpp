@@ -137,7 +137,9 @@ void FComp::compare() {
     const auto& [first, second] = m_choices;
     const auto result = compatibility(first.birthDate, second.birthDate);
     if (!result) {
-        showOverflow(this);
+        showOverflow(this,
+                     u"Tra le due date di nascita passano più di 32767 giorni (quasi 90 anni). "
+                     "Scegliere due persone nate meno lontano l'una dall'altra."_s);
         return;
     }
     m_shown = {.compatibility = *result,

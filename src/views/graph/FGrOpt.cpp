@@ -58,7 +58,7 @@ void FGrOpt::chooseColour(std::size_t index) {
 void FGrOpt::accept() {
     const auto days = parseDays(m_ui->Text1->text());
     if (!days) {
-        showOverflow(this);
+        showOverflow(this, u"Scrivere un numero di giorni da 1 a 32767."_s);
         m_ui->Text1->setFocus();
         m_ui->Text1->selectAll();
         return;

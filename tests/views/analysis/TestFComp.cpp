@@ -243,7 +243,10 @@ void TestFComp::differenceTooLong() {
     QCOMPARE(fixture.texts().at(2), lines(0, 0, 50, 0).at(2));
     const std::vector<Drawing> drawn = fixture.drawings();
     const QString description = fixture.panel(0)->accessibleDescription();
-    dialogs.expectBox(u"Errore"_s, u"Overflow"_s);
+    dialogs.expectBox(
+        u"Errore"_s,
+        u"Overflow\nTra le due date di nascita passano più di 32767 giorni (quasi 90 anni). "
+        "Scegliere due persone nate meno lontano l'una dall'altra."_s);
     fixture.choose(2, 2);
     QVERIFY(dialogs.finished());
     QCOMPARE(fixture.drawings(), drawn);

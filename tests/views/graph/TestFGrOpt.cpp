@@ -187,7 +187,7 @@ void TestFGrOpt::overflowKeepsTheDialog() {
     QFETCH(QString, text);
     Fixture fixture;
     ScriptedDialogs dialogs;
-    dialogs.expectBox(u"Errore"_s, u"Overflow"_s);
+    dialogs.expectBox(u"Errore"_s, u"Overflow\nScrivere un numero di giorni da 1 a 32767."_s);
     fixture.days()->setText(text);
     fixture.click(u"Command1"_s);
     QVERIFY(dialogs.finished());
