@@ -1,5 +1,6 @@
 // Any text as a typed date, under locales of every order of fields: what is recognised is a date in
-// range, and its short form is recognised as the same date.
+// range, its short and its long form are recognised as the same date, and not with the name of
+// another day of the week.
 //
 // The first byte is the locale's digit, or '*' for all of them, one after another; the text
 // follows.
@@ -21,9 +22,15 @@ void checkUnder(const QLocale& locale, const QString& text) {
     const quor::DateValue date = quor::dateFromText(text, locale);
     const QDate day = quor::toQDate(date);
     check(day.isValid() && day.year() >= 100 && day.year() <= 9999, "the year is in range");
-    const QString shown = quor::shortDate(date, locale);
-    check(quor::isDateText(shown, locale), "a shown date can be typed back");
-    check(quor::dateFromText(shown, locale) == date, "and is the same date");
+    const QString shortText = quor::shortDate(date, locale);
+    for (const QString& shown : {shortText, quor::longDate(date, locale)}) {
+        check(quor::isDateText(shown, locale), "a shown date can be typed back");
+        check(quor::dateFromText(shown, locale) == date, "and is the same date");
+    }
+    const QString weekday = locale.dayName(day.dayOfWeek());
+    const QString other = locale.dayName(day.dayOfWeek() % 7 + 1);
+    check(quor::dateFromText(weekday + u' ' + shortText, locale) == date, "its weekday may stand");
+    check(!quor::isDateText(other + u' ' + shortText, locale), "another weekday may not");
     check(quor::isDateText(u' ' + text + u' ', locale), "blanks around a date do not matter");
 }
 

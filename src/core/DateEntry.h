@@ -10,11 +10,16 @@
 /// Dates as they are typed.
 ///
 /// A date is a day, a month and a year in the order of the locale (failing that, with day and month
-/// swapped, then in day-month-year order), or a four-digit year, a month and a day. The fields are
-/// separated by slashes, hyphens, dots or blanks; blanks around the whole do not matter. The month
-/// is a number, or a name or an abbreviation in the locale's language, in Italian or in English, in
-/// any letter case. A year has four digits, or two: 00..29 are 2000..2029 and 30..99 are
-/// 1930..1999. Years from 100 to 9999 count.
+/// swapped), or a four-digit year, a month and a day, or a long date as the locale writes it. The
+/// fields are separated by slashes, hyphens, dots or blanks; blanks around the whole do not matter.
+/// A comma may stand before the year and after the day of the week. The month is a number or a
+/// name; the day of the week, a name, may stand first and has to be that of the date. Names are
+/// those of the locale's language, Italian and English, in every form that Qt knows, in any letter
+/// case, with or without accents, and may be cut after three letters as long as they are told
+/// apart. Digits are Western or the locale's; after the day "°" may stand. A year has four digits,
+/// or two: 00..29 are 2000..2029 and 30..99 are 1930..1999. Years from 100 to 9999 count.
+///
+/// Whatever `shortDate` and `longDate` give for a date is read as that date, under every locale.
 namespace quor {
 
 [[nodiscard]] bool isDateText(const QString& text, const QLocale& locale = QLocale());

@@ -14,8 +14,9 @@ class TestDateEntry : public Test {
     void refused();
     void ordersOfOtherLocales_data();
     void ordersOfOtherLocales();
-    void shownDatesCanBeTypedBack_data();
     void shownDatesCanBeTypedBack();
+    void namesHaveManyForms_data();
+    void namesHaveManyForms();
     void theWordOggi();
     void dialogEntry();
     void calculationDateBox();
