@@ -5,6 +5,7 @@
 #include "toolkit/CalculationDate.h"
 #include "toolkit/ImageList.h"
 #include "toolkit/Messages.h"
+#include "toolkit/SecondClick.h"
 #include "toolkit/ShowHelp.h"
 #include "toolkit/ToolTipText.h"
 #include "toolkit/WindowTitle.h"
@@ -80,7 +81,7 @@ FProj::FProj(Program& program, Frame& frame, QWidget* parent)
     tree->setModel(m_tree);
     // One click, one window: the views open by the click itself and by the key, and not by what a
     // desktop takes for activation, which may be that same click or a second one.
-    connect(tree, &QTreeView::clicked, this, &FProj::openView);
+    connect(tree, &QTreeView::clicked, this, &FProj::openClicked);
     tree->installEventFilter(this);
     tree->viewport()->installEventFilter(this);
 
@@ -216,10 +217,16 @@ bool FProj::hasMembers() {
     return false;
 }
 
-void FProj::openView(const QModelIndex& node) {
+void FProj::openClicked(const QModelIndex& node) {
+    if (ChildWindow* view = openView(node)) {
+        new SecondClick(view, [&frame = m_frame, view] { frame.showChild(view); });
+    }
+}
+
+ChildWindow* FProj::openView(const QModelIndex& node) {
     const auto view = SystemTreeModel::view(node);
     if (!view) {
-        return;
+        return nullptr;
     }
     const SystemMember member = m_tree->member(node);
     startCurvesFor(member);
@@ -245,6 +252,7 @@ void FProj::openView(const QModelIndex& node) {
     }
     setTitle(*window, title + member.name);
     m_frame.showChild(window);
+    return window;
 }
 
 void FProj::openMeanGraph() {

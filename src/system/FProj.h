@@ -76,8 +76,10 @@ class FProj : public ChildWindow {
     /// False after a message when there is no member that a system view could be computed of.
     [[nodiscard]] bool hasMembers();
 
-    /// Opens the view of a leaf in a window of its own; a member has none.
-    void openView(const QModelIndex& node);
+    /// Opens the view of a leaf in a window of its own; null for a member, which has none.
+    ChildWindow* openView(const QModelIndex& node);
+    /// The same for a click, which may be the first of two.
+    void openClicked(const QModelIndex& node);
     void openMeanGraph();
     void openMeanStatistics();
     void openMeanForecasts();

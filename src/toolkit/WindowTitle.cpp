@@ -18,10 +18,10 @@ const QString& mark() {
 
 } // namespace
 
-/// Qt's own escape, the mark twice, does not serve: the accessible name of a window inside the frame
-/// is its title without any mark. A mark within the mark, "[[*]*]", is taken out by both and leaves
-/// one. Qt then makes one of two that touch, so there is a further one between those. The frame puts
-/// the title of a maximised window in brackets, which would complete a mark at its end.
+/// Qt's own escape, the mark twice, does not serve: the accessible name of a window inside the
+/// frame is its title without any mark. A mark within the mark, "[[*]*]", is taken out by both and
+/// leaves one. Qt then makes one of two that touch, so there is a further one between those. The
+/// frame puts the title of a maximised window in brackets, which would complete a mark at its end.
 void setTitle(QWidget& window, const QString& text) {
     static const QRegularExpression star(u"\\[\\*(?=\\]|$)"_s);
     static const QRegularExpression between(u"(?<=\\[\\[\\*\\]\\*\\])(?=\\[\\[\\*\\]\\*)"_s);

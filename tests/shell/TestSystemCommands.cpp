@@ -286,6 +286,58 @@ void TestSystemCommands::commandLineText() {
     QCOMPARE(fixture.panels().constFirst(), u"Nome: "_s + path);
 }
 
+void TestSystemCommands::oneViewInFront_data() {
+    QTest::addColumn<int>("leaf");
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<bool>("maximised");
+    QTest::addColumn<QSize>("size"); // of the frame: the view stands beside the leaf or above it
+    for (int leaf = 0; leaf < 4; ++leaf) {
+        for (const QString& way : {u"click"_s, u"double click"_s, u"Enter"_s}) {
+            for (const bool maximised : {false, true}) {
+                for (const QSize size : {QSize(1700, 1200), QSize(760, 600)}) {
+                    QTest::addRow("%d %s %d %d", leaf, qPrintable(way), maximised, size.width())
+                        << leaf << way << maximised << size;
+                }
+            }
+        }
+    }
+}
+
+/// However a leaf of the tree is opened there is one view, active and above the others.
+void TestSystemCommands::oneViewInFront() {
+    QFETCH(int, leaf);
+    QFETCH(QString, way);
+    QFETCH(bool, maximised);
+    QFETCH(QSize, size);
+    Fixture fixture;
+    fixture.frame.resize(size);
+    fixture.openSystemOfTwo();
+    if (maximised) {
+        fixture.area()->activeSubWindow()->showMaximized();
+    }
+    QTreeView* tree = fixture.tree();
+    const QModelIndex node = tree->model()->index(leaf, 0, tree->model()->index(0, 0));
+    tree->expandAll();
+    tree->scrollTo(node);
+    tree->setFocus();
+    QCoreApplication::processEvents();
+    const QPoint place = tree->viewport()->mapTo(&fixture.frame, tree->visualRect(node).center());
+    if (way == u"Enter"_s) {
+        tree->setCurrentIndex(node);
+        QTest::keyClick(tree, Qt::Key_Return);
+    } else if (way == u"click"_s) {
+        QTest::mouseClick(fixture.frame.windowHandle(), Qt::LeftButton, {}, place);
+    } else {
+        QTest::mouseDClick(fixture.frame.windowHandle(), Qt::LeftButton, {}, place);
+    }
+    QCoreApplication::processEvents();
+    QCOMPARE(fixture.children().size(), 2);
+    const QMdiSubWindow* active = fixture.area()->activeSubWindow();
+    QCOMPARE(active->widget()->windowTitle(), fixture.children().constLast());
+    QCOMPARE(fixture.area()->subWindowList(QMdiArea::StackingOrder).constLast(), active);
+    QVERIFY(active->isAncestorOf(QApplication::focusWidget()));
+}
+
 void TestSystemCommands::savingAs() {
     Fixture fixture;
     fixture.openSystemOfTwo();

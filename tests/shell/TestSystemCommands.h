@@ -22,6 +22,8 @@ class TestSystemCommands : public Test {
     void openingClosesFirst();
     void aCancelledOpenLeavesNoSystem();
     void commandLineText();
+    void oneViewInFront_data();
+    void oneViewInFront();
     void savingAs();
     void savingToTheKnownFile();
     void aFailedSaveIsReported();

@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace quor::test {
 
-/// Every name of up to six of these letters, in the title of a window of its own, of a window inside
-/// a frame, and of a frame that names it as Qt names a maximised one.
+/// Every name of up to six of these letters, in the title of a window of its own, of a window
+/// inside a frame, and of a frame that names it as Qt names a maximised one.
 void TestWindowTitle::everyLetterIsShown() {
     constexpr int longest = 6;
     const QString letters = u"[*]a"_s;
