@@ -151,8 +151,7 @@ int main(int argc, char* argv[]) {
         const double fromNothing = millisecondsToPreview(program, renderer);
         const double exported = millisecondsToPreview(program, renderer);
         const QString page = quor::summaryFile(
-            quor::pathPrefix(folder.path(), quor::exportPrefix(program, quor::ExportScope::person,
-                                                               quor::PageVariant::print)));
+            quor::pathPrefix(folder.path(), quor::exportPrefix(program, quor::PageVariant::print)));
         alone.push_back(millisecondsAlone(renderer, page, folder.filePath(u"pagine.pdf"_s)));
         for (auto* measured : {&cases[0], &cases[1]}) {
             const double time = measured == cases.data() ? fromNothing : exported;

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <vector>
 
 /// Names of the exported files.
 ///
@@ -31,15 +32,22 @@ enum class ExportScope : std::uint8_t { person, wholeSystem };
 /// "15-03-2004" under every locale.
 [[nodiscard]] QString exportDate(DateValue date);
 
-/// The prefix of a biorhythm's files, without a folder.
+/// The prefix of the current person's files, without a folder.
 ///
-/// With a system open it is base_name_date_, the base being the system file's; a system without a
-/// file has none in a run over all of it and "UntitledSystem" for one person. Without a system it
-/// is base_date_, the base being the biorhythm file's, or the person's name where there is no file.
-/// The variant for print has "stampa_" after that. A prefix that would make a file's name too long
-/// is cut and ends in a mark of eight hexadecimal digits that tells it from others cut at the same
-/// place; the date always stays.
-[[nodiscard]] QString exportPrefix(const Program& program, ExportScope scope, PageVariant variant);
+/// With a system open it is base_name_date_, the base being the system file's, or "UntitledSystem"
+/// where there is no file. Without a system it is base_date_, the base being the biorhythm file's,
+/// or the person's name where there is no file. The variant for print has "stampa_" after that.
+///
+/// What comes before the date gets a mark of the whole at its end, "~" and eight hexadecimal
+/// digits, where it had to be changed: where a character had to be replaced, or where a file's name
+/// would become too long and is cut. In a system a member whose prefix another one would share, on
+/// file systems that ignore case too, gets the mark as well; members equal in name get their place
+/// in the list besides ("~0123abcd-2").
+[[nodiscard]] QString exportPrefix(const Program& program, PageVariant variant);
+
+/// The prefixes in a run over the open system, one for each member in their order: as above, but a
+/// system without a file has no base. No two are equal, without regard to case.
+[[nodiscard]] std::vector<QString> exportPrefixes(const Program& program, PageVariant variant);
 
 /// The products, each behind a prefix with or without a folder.
 [[nodiscard]] QString graphFile(const QString& prefix);

@@ -12,14 +12,6 @@ namespace quor {
 
 namespace {
 
-std::vector<SystemMember> personsOf(const Program& program, ExportScope scope) {
-    if (scope == ExportScope::person) {
-        return {{.name = program.biorhythm.name, .birthDate = program.biorhythm.birthDate}};
-    }
-    const auto members = program.state.members();
-    return {members.begin(), members.end()};
-}
-
 ExportResult pictureResult(const ExportPicture& picture, const QString& path, const QString& lead) {
     const std::uint8_t code = ExportPng(picture.drawing, picture.font, picture.size, path);
     const QString result = resultText(code);
@@ -33,8 +25,15 @@ ExportResult pictureResult(const ExportPicture& picture, const QString& path, co
 
 ExportRun::ExportRun(Program& program, ExportRequest request)
     : m_program(program)
-    , m_request(std::move(request))
-    , m_persons(personsOf(program, m_request.scope)) {
+    , m_request(std::move(request)) {
+    if (m_request.scope == ExportScope::person) {
+        m_persons = {{.name = program.biorhythm.name, .birthDate = program.biorhythm.birthDate}};
+        m_prefixes = {exportPrefix(program, m_request.variant)};
+    } else {
+        const auto members = program.state.members();
+        m_persons.assign(members.begin(), members.end());
+        m_prefixes = exportPrefixes(program, m_request.variant);
+    }
     if (m_request.graph) {
         m_kinds.push_back(Kind::graph);
     }
@@ -68,7 +67,7 @@ ExportResult ExportRun::next() {
     Q_ASSERT(!isOver());
     const auto step = static_cast<std::size_t>(m_done);
     if (step % m_kinds.size() == 0) {
-        makeCurrent(m_persons.at(step / m_kinds.size()));
+        makeCurrent(step / m_kinds.size());
     }
     ExportResult result;
     switch (m_kinds.at(step % m_kinds.size())) {
@@ -104,12 +103,13 @@ QString ExportRun::summaryPath() const {
     return m_errors > 0 || m_pathPrefix.isEmpty() ? u"NULL"_s : summaryFile(m_pathPrefix);
 }
 
-void ExportRun::makeCurrent(const SystemMember& person) {
+void ExportRun::makeCurrent(std::size_t index) {
+    const SystemMember& person = m_persons.at(index);
     Biorhythm& biorhythm = m_program.biorhythm;
     biorhythm.name = person.name;
     biorhythm.birthDate = person.birthDate;
     biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
-    m_prefix = exportPrefix(m_program, m_request.scope, m_request.variant);
+    m_prefix = m_prefixes.at(index);
     m_pathPrefix = pathPrefix(m_request.folder, m_prefix);
 }
 

@@ -38,9 +38,9 @@ struct ExportResult {
 ///         log(run.next().logLine);
 ///     }
 ///
-/// The persons are those of the moment at which the run is made. Before the first product of each,
-/// the person becomes the record's: name, birth date and `daysAtGraphStart`. A product that cannot
-/// be written counts as an error, and the run goes on.
+/// The persons and the names of their files are those of the moment at which the run is made.
+/// Before the first product of each, the person becomes the record's: name, birth date and
+/// `daysAtGraphStart`. A product that cannot be written counts as an error, and the run goes on.
 class ExportRun {
   public:
     /// @param program outlives the run; its calculation date and options count
@@ -68,7 +68,7 @@ class ExportRun {
   private:
     enum class Kind : std::uint8_t { graph, mean, physical, emotional, intellectual, page };
 
-    void makeCurrent(const SystemMember& person);
+    void makeCurrent(std::size_t index);
     [[nodiscard]] ExportResult exportGraph() const;
     [[nodiscard]] ExportResult exportWeek(WeekRow row) const;
     [[nodiscard]] ExportResult exportPage() const;
@@ -76,7 +76,8 @@ class ExportRun {
     Program& m_program;
     ExportRequest m_request;
     std::vector<SystemMember> m_persons;
-    std::vector<Kind> m_kinds; ///< of one person's products, in their order
+    std::vector<QString> m_prefixes; ///< of each person's files
+    std::vector<Kind> m_kinds;       ///< of one person's products, in their order
     int m_done = 0;
     int m_errors = 0;
     QString m_prefix;     ///< of the current person's files

@@ -59,8 +59,7 @@ void FStampaBio::start() {
     m_ui->Controls->setEnabled(false);
 
     const QString prefix =
-        pathPrefix(m_program.state.exportFolder,
-                   exportPrefix(m_program, ExportScope::person, PageVariant::print));
+        pathPrefix(m_program.state.exportFolder, exportPrefix(m_program, PageVariant::print));
     const auto isMissing = [](const QCheckBox* wanted, const QString& path) {
         return wanted->isChecked() && !QFileInfo::exists(path);
     };

@@ -2,6 +2,9 @@
 
 #include "export/ExportNames.h"
 
+#include <QCryptographicHash>
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace quor::test {
@@ -16,11 +19,32 @@ Program program(const QString& name, QDate calculation = QDate(2004, 3, 15)) {
     return result;
 }
 
-Program system(const QString& path, const QString& name) {
-    Program result = program(name);
+/// An open system whose first member is current.
+Program system(const QString& path, const QStringList& names) {
+    Program result = program(names.constFirst());
     result.state.systemOpen = true;
     result.state.systemFilePath = path;
+    for (const QString& name : names) {
+        result.state.systemMembers.push_back(
+            {.name = name, .birthDate = 100.0 * (result.state.systemCount++)});
+    }
+    result.biorhythm.birthDate = result.state.systemMembers.front().birthDate;
     return result;
+}
+
+/// What stands before the date in the names of a run's files.
+QStringList labels(const QStringList& names) {
+    QStringList result;
+    for (const QString& prefix :
+         exportPrefixes(system(u"/x/Casa.brs"_s, names), PageVariant::print)) {
+        result << prefix.chopped(u"_15-03-2004_stampa_"_s.size());
+    }
+    return result;
+}
+
+QString sha1(const QString& text) {
+    const auto digest = QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha1);
+    return QString::fromLatin1(digest.toHex().first(8));
 }
 
 } // namespace
@@ -49,11 +73,14 @@ void TestExportNames::prefixes() {
     QFETCH(QString, path);
     QFETCH(ExportScope, scope);
     QFETCH(QString, prefix);
-    Program data = program(u"Anna"_s);
-    data.state.systemOpen = systemOpen;
-    (systemOpen ? data.state.systemFilePath : data.state.filePath) = path;
-    QCOMPARE(exportPrefix(data, scope, PageVariant::screen), prefix);
-    QCOMPARE(exportPrefix(data, scope, PageVariant::print), prefix + u"stampa_"_s);
+    Program data = systemOpen ? system(path, {u"Anna"_s}) : program(u"Anna"_s);
+    data.state.filePath = systemOpen ? QString() : path;
+    const auto made = [&](PageVariant variant) {
+        return scope == ExportScope::person ? exportPrefix(data, variant)
+                                            : exportPrefixes(data, variant).at(0);
+    };
+    QCOMPARE(made(PageVariant::screen), prefix);
+    QCOMPARE(made(PageVariant::print), prefix + u"stampa_"_s);
 }
 
 void TestExportNames::datesHaveTwoTwoAndFourDigits() {
@@ -102,7 +129,9 @@ void TestExportNames::fileNameParts() {
     QFETCH(QString, text);
     QFETCH(QString, part);
     QCOMPARE(fileNamePart(text), part);
-    QVERIFY(exportPrefix(program(text), ExportScope::person, PageVariant::screen).startsWith(part));
+    const bool isReplaced = part != text.normalized(QString::NormalizationForm_C);
+    const QString end = isReplaced ? u'~' + sha1(text) : QString();
+    QCOMPARE(exportPrefix(program(text), PageVariant::screen), part + end + u"_15-03-2004_"_s);
 }
 
 void TestExportNames::longNamesAreCut() {
@@ -110,17 +139,15 @@ void TestExportNames::longNamesAreCut() {
          {u"x"_s, u"è"_s, u"李"_s, u"\U0001f600"_s, u"x\u0323\u0332"_s}) {
         for (const int length : {60, 90, 110, 210, 250, 300, 1000}) {
             const QString name = character.repeated(length);
-            for (const Program& data : {program(name), system(u"/x/"_s + name + u".brs"_s, name)}) {
-                const QString prefix =
-                    exportPrefix(data, ExportScope::wholeSystem, PageVariant::print);
+            for (const Program& data :
+                 {program(name), system(u"/x/"_s + name + u".brs"_s, {name})}) {
+                const QString prefix = exportPrefix(data, PageVariant::print);
                 QVERIFY(prefix.endsWith(u"_15-03-2004_stampa_"_s));
                 // With the ending that an unfinished file bears.
                 const QString file = weekFile(prefix, WeekRow::mean) + u".XXXXXX"_s;
                 QVERIFY(file.toUtf8().size() <= 255);
                 QVERIFY(prefix.isValidUtf16());
-                const QString screen =
-                    exportPrefix(data, ExportScope::wholeSystem, PageVariant::screen);
-                QCOMPARE(screen + u"stampa_"_s, prefix);
+                QCOMPARE(exportPrefix(data, PageVariant::screen) + u"stampa_"_s, prefix);
                 if (prefix.contains(u'~')) { // no character is cut in two
                     const qsizetype kept = prefix.indexOf(u'~');
                     const bool whole = prefix.first(kept).endsWith(character);
@@ -135,13 +162,73 @@ void TestExportNames::longNamesAreCut() {
 void TestExportNames::cutNamesStayApart() {
     const QString same = u"n"_s.repeated(300);
     const auto prefix = [](const QString& name) {
-        return exportPrefix(program(name), ExportScope::person, PageVariant::screen);
+        return exportPrefix(program(name), PageVariant::screen);
     };
     QVERIFY(prefix(same + u"a"_s) != prefix(same + u"b"_s));
     QCOMPARE(prefix(same + u"a"_s), prefix(same + u"a"_s));
     const QString path = u"/x/"_s + same + u".brs"_s;
-    QVERIFY(exportPrefix(system(path, u"Anna"_s), ExportScope::person, PageVariant::screen) !=
-            exportPrefix(system(path, u"Bruno"_s), ExportScope::person, PageVariant::screen));
+    QVERIFY(exportPrefix(system(path, {u"Anna"_s}), PageVariant::screen) !=
+            exportPrefix(system(path, {u"Bruno"_s}), PageVariant::screen));
+}
+
+void TestExportNames::membersStayApart_data() {
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QStringList>("expected"); // "#" stands for the mark of the whole
+    const auto add = [](const char* title, const QStringList& names, const QStringList& expected) {
+        QTest::newRow(title) << names << expected;
+    };
+    add("plain", {u"Anna"_s, u"Anna "_s, u" Anna"_s}, {u"Anna"_s, u"Anna "_s, u" Anna"_s});
+    add("replaced", {u"A/B"_s, u"A:B"_s, u"A_B"_s}, {u"A_B#"_s, u"A_B#"_s, u"A_B"_s});
+    add("replaced alone", {u"A/B"_s}, {u"A_B#"_s});
+    add("case", {u"Anna"_s, u"ANNA"_s, u"Bice"_s}, {u"Anna#"_s, u"ANNA#"_s, u"Bice"_s});
+    add("case of what was replaced", {u"a?"_s, u"A_"_s}, {u"a_#"_s, u"A_"_s});
+    add("composed", {u"Niccol\u00f2"_s, u"Niccolo\u0300"_s},
+        {u"Niccol\u00f2#"_s, u"Niccol\u00f2#"_s});
+    add("equal", {u"Anna"_s, u"Bice"_s, u"Anna"_s}, {u"Anna#-1"_s, u"Bice"_s, u"Anna#-3"_s});
+    add("equal and replaced", {u"A/B"_s, u"A/B"_s}, {u"A_B#-1"_s, u"A_B#-2"_s});
+    add("nameless", {QString(), QString()}, {u"#-1"_s, u"#-2"_s});
+    // Names made to look like those of other files.
+    const QString marked = u"A_B~"_s + sha1(u"Casa_A/B"_s);
+    add("like a mark", {u"A/B"_s, marked}, {u"A_B#"_s, marked + u'#'});
+    add("like a mark in capitals", {marked.toUpper()}, {marked.toUpper() + u'#'});
+    const QString placed = u"Anna~"_s + sha1(u"Casa_Anna"_s) + u"-3"_s;
+    add("like a place", {u"Anna"_s, placed, u"Anna"_s},
+        {u"Anna#-1"_s, placed + u'#', u"Anna#-3"_s});
+}
+
+void TestExportNames::membersStayApart() {
+    QFETCH(const QStringList, names);
+    QFETCH(const QStringList, expected);
+    QStringList wanted;
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const QString mark = u'~' + sha1(u"Casa_"_s + names.at(i));
+        wanted << u"Casa_"_s + QString(expected.at(i)).replace(u'#', mark);
+    }
+    QCOMPARE(labels(names), wanted);
+
+    // Each alone, as the windows export and print it, has the files of the run.
+    Program data = system(u"/x/Casa.brs"_s, names);
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const SystemMember& member = data.state.systemMembers.at(static_cast<std::size_t>(i));
+        data.biorhythm.name = member.name;
+        data.biorhythm.birthDate = member.birthDate;
+        QCOMPARE(exportPrefix(data, PageVariant::screen), wanted.at(i) + u"_15-03-2004_"_s);
+    }
+}
+
+/// Long names that begin alike, more than marks of 32 bits can tell apart for certain, and equal
+/// ones among them.
+void TestExportNames::everyMemberOfALargeSystemHasItsOwnFiles() {
+    QStringList names;
+    for (int i = 0; i < 5'000; ++i) {
+        names << QString(300, u'n') + QString::number(i / 2);
+    }
+    QSet<QString> seen;
+    for (const QString& label : labels(names)) {
+        QVERIFY(label.toUtf8().size() <= 210);
+        seen << label.toCaseFolded();
+    }
+    QCOMPARE(seen.size(), names.size());
 }
 
 } // namespace quor::test

@@ -17,6 +17,9 @@ class TestExportNames : public Test {
     void fileNameParts();
     void longNamesAreCut();
     void cutNamesStayApart();
+    void membersStayApart_data();
+    void membersStayApart();
+    void everyMemberOfALargeSystemHasItsOwnFiles();
 };
 
 } // namespace quor::test

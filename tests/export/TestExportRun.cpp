@@ -4,7 +4,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -269,6 +271,46 @@ void TestExportRun::nobodyToExport() {
     QVERIFY(run.isOver());
     QCOMPARE(run.caption(), QString());
     QCOMPARE(run.summaryPath(), u"NULL"_s);
+}
+
+/// Each page shows its own person with its own pictures, whatever the names.
+void TestExportRun::noMemberTakesTheFilesOfAnother() {
+    const QTemporaryDir folder;
+    Program program = family(u"/x/Casa.brs"_s);
+    program.state.systemMembers = {{.name = u"A/B"_s, .birthDate = 10'000},
+                                   {.name = u"A:B"_s, .birthDate = 20'000},
+                                   {.name = u"A:B"_s, .birthDate = 20'001},
+                                   {.name = u"a_B"_s, .birthDate = 20'002},
+                                   {.name = u"A_B"_s, .birthDate = 20'003}};
+    program.state.systemCount = 5;
+    ExportRun run(program, everything(folder.path()));
+    const auto results = finish(run);
+    QCOMPARE(run.errorCount(), 0);
+    QSet<QString> paths;
+    for (const ExportResult& result : results) {
+        paths << result.path.toCaseFolded();
+        if (result.path.endsWith(u".html"_s)) {
+            QFile page(result.path);
+            QVERIFY(page.open(QIODevice::ReadOnly));
+            const QString prefix = QFileInfo(page).fileName().chopped(u"Riepilogo.html"_s.size());
+            const QByteArray picture = "<IMG src=\"" + prefix.toUtf8() + "grafico.png\"";
+            QVERIFY2(page.readAll().contains(picture), picture.constData());
+        }
+    }
+    QCOMPARE(paths.size(), qsizetype{5 * 6});
+    QCOMPARE(filesIn(folder).size(), 5 * 6);
+
+    // One member alone has the very files of the run.
+    ExportRequest request = everything(folder.path());
+    request.scope = ExportScope::person;
+    for (const SystemMember& member : program.state.members()) {
+        program.biorhythm.name = member.name;
+        program.biorhythm.birthDate = member.birthDate;
+        ExportRun alone(program, request);
+        (void)finish(alone);
+        QVERIFY(paths.contains(alone.summaryPath().toCaseFolded()));
+    }
+    QCOMPARE(filesIn(folder).size(), 5 * 6);
 }
 
 void TestExportRun::membersOfTheMomentCount() {

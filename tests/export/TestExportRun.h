@@ -17,6 +17,7 @@ class TestExportRun : public Test {
     void failuresAreLoggedAndCounted();
     void summaryPathOfARun();
     void nobodyToExport();
+    void noMemberTakesTheFilesOfAnother();
     void membersOfTheMomentCount();
 };
 

@@ -4,6 +4,7 @@ Usage: page_reference.py DRIVER
 """
 
 import datetime
+import hashlib
 import html
 import html.entities
 import json
@@ -45,6 +46,12 @@ LOCALES = {
     ),
 }  # fmt: skip
 
+
+def mark(head: str) -> str:
+    """What stands in a file's name after characters that had to be replaced."""
+    return "~" + hashlib.sha1(head.encode()).hexdigest()[:8]
+
+
 # Every character that HTML 4 names, and some that it does not.
 MANY_LETTERS = "".join(map(chr, html.entities.codepoint2name)) + "Łódź '李' \U0001f600 \u0300 \u2029"
 
@@ -57,7 +64,7 @@ PERSONS = [
     # A Sunday, and colours with leading zeros.
     ("Rossi & <Figli>", "1899-12-29", "2026-11-22", 345,
      [0x000001, 0x0000FF, 0x100000, 0xABCDEF], [0, 0x010203, 0xFFFFFF], "",
-     "Rossi & _Figli_"),
+     "Rossi & _Figli_" + mark("Rossi & <Figli>")),
     # A Monday at the turn of a year, a system.
     ("Zoë", "2030-01-01", "2029-12-31", 1, CURVES, WEEK, "/tmp/x/Famiglia Però. 2.brs",
      "Famiglia Però_Zoë"),

@@ -100,6 +100,19 @@ class BatchTest(unittest.TestCase):
         self.assert_products(result, [(name, birth, calculation, f"{file.stem}_{name}")
                                       for name, birth in members])
 
+    def test_names_that_files_cannot_bear(self):
+        """One file each, also where upper and lower case are the same."""
+        members = ["A/B", "A:B", "Anna", "anna", "Anna"]
+        file = self.home / "Casa.brs"
+        lines = [str(len(members))]
+        for number, name in enumerate(members):
+            lines += [f'"{name}"', f"#{1950 + number}-07-30#"]
+        file.write_bytes("\r\n".join([*lines, "#2004-03-15#", ""]).encode())
+        result = run("--export", file, "--output", self.output, home=self.home)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(len({name.casefold() for name in os.listdir(self.output)}), 5 * 6)
+        self.assertEqual(len(set(result.stdout.splitlines())), 5 * 6)
+
     def test_folder_of_the_program(self):
         """Without --output the files go where the export window puts them."""
         program = self.home / "programma" / "quor"
