@@ -236,7 +236,8 @@ class DebianPackageTest(Folder):
                         "libc6"):
             self.assertIn(library, depends)
         recommends = field("Recommends")
-        for package in ("qt6-translations-l10n", "libqt6sql6-sqlite", "cups-client"):
+        for package in ("qt6-translations-l10n", "qt6-wayland", "libqt6sql6-sqlite",
+                        "cups-client"):
             self.assertIn(package, recommends)
         wanted = (SOURCES / "scripts/packages.txt").read_text().splitlines()
         for package in recommends.split(", "):
