@@ -20,10 +20,19 @@ class Keeper : public benchmark::ConsoleReporter {
         : ConsoleReporter(OO_Tabular)
         , m_printed(printed) {}
 
+    /// Newer versions of the library tell a skipped benchmark and a failed one apart.
+    template<typename AnyRun> [[nodiscard]] static bool isBroken(const AnyRun& run) {
+        if constexpr (requires { run.error_occurred; }) {
+            return run.error_occurred;
+        } else {
+            return run.skipped != decltype(run.skipped){};
+        }
+    }
+
     void ReportRuns(const std::vector<Run>& runs) override {
         std::vector<Run> shown;
         for (const Run& run : runs) {
-            m_failed = m_failed || run.error_occurred;
+            m_failed = m_failed || isBroken(run);
             if (run.run_type == Run::RT_Iteration) {
                 m_times[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
             }

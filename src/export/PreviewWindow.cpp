@@ -43,6 +43,7 @@ PreviewWindow::PreviewWindow(QWidget* parent)
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     m_ui->setupUi(this);
+    m_noPages = new QPdfDocument(m_ui->View1); // lives as long as the view
     resize(usualSize.boundedTo(screen()->availableSize() * shareOfScreen));
 
     m_ui->View1->setPageMode(QPdfView::PageMode::MultiPage);
@@ -70,8 +71,8 @@ PreviewWindow::PreviewWindow(QWidget* parent)
 PreviewWindow::~PreviewWindow() {
     m_ui->View1->viewport()->removeEventFilter(this);
     m_ui->View1->disconnect(this);
-    m_ui->View1->setDocument(nullptr);
-    // The toolkit ends its thread with the view, but lets go of it only when told.
+    m_ui->View1->setDocument(m_noPages);
+    // Qt ends its thread with the view, but lets go of it only when told.
     if (auto* renderer = m_ui->View1->findChild<QPdfPageRenderer*>()) {
         renderer->setRenderMode(QPdfPageRenderer::RenderMode::SingleThreaded);
     }
@@ -119,7 +120,7 @@ void PreviewWindow::connectActions() {
 void PreviewWindow::setDocument(const PrintableDocument& document) {
     m_document = document;
     // The old pages still read the old buffer.
-    m_ui->View1->setDocument(nullptr);
+    m_ui->View1->setDocument(m_noPages);
     m_pages = std::make_unique<QPdfDocument>();
     m_buffer = std::make_unique<QBuffer>(&m_document.pdf);
     m_buffer->open(QIODevice::ReadOnly);

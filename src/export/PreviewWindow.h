@@ -53,6 +53,8 @@ class PreviewWindow : public PagesWindow {
     PrintableDocument m_document;
     std::unique_ptr<QBuffer> m_buffer; ///< outlives the pages that read it
     std::unique_ptr<QPdfDocument> m_pages;
+    /// In the view while it lets go of others: with no document at all it warns (Qt 6.8).
+    QPdfDocument* m_noPages;
 };
 
 } // namespace quor

@@ -1,5 +1,7 @@
 #include "toolkit/ImageList.h"
 
+#include "toolkit/qt/Versions.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
@@ -30,17 +32,29 @@ class PaletteIconEngine : public QIconEngine {
         , m_svg(std::move(svg)) {}
 
     void paint(QPainter* painter, const QRect& area, QIcon::Mode mode,
-               QIcon::State state) override {
+               QIcon::State /*state*/) override {
         const qreal ratio = painter->device()->devicePixelRatioF();
-        painter->drawPixmap(area, scaledPixmap(area.size() * ratio, mode, state, ratio));
+        painter->drawPixmap(area, render(area.size() * ratio, mode, ratio));
     }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        return scaledPixmap(size, mode, state, 1.0);
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/) override {
+        return render(size, mode, 1.0);
     }
 
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/,
                          qreal scale) override {
+        return render(qt::scaledPixmapPixels(size, scale), mode, scale);
+    }
+
+    [[nodiscard]] QIconEngine* clone() const override {
+        return new PaletteIconEngine(m_key, m_svg);
+    }
+
+    bool isNull() override { return m_svg.isEmpty(); }
+
+  private:
+    /// @param size in pixels of the screen
+    QPixmap render(QSize size, QIcon::Mode mode, qreal scale) const {
         if (size.isEmpty()) {
             return {}; // a tab or a title bar squeezed to nothing asks for one
         }
@@ -78,13 +92,6 @@ class PaletteIconEngine : public QIconEngine {
         return pixmap;
     }
 
-    [[nodiscard]] QIconEngine* clone() const override {
-        return new PaletteIconEngine(m_key, m_svg);
-    }
-
-    bool isNull() override { return m_svg.isEmpty(); }
-
-  private:
     QString m_key;
     QByteArray m_svg;
 };

@@ -11,10 +11,14 @@
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPainter>
+#include <QStyle>
 #include <QSvgRenderer>
 #include <QTimer>
+#include <QToolBar>
+#include <QTreeView>
 
 #include <algorithm>
 #include <cstdlib>
@@ -63,6 +67,64 @@ double distance(const QImage& one, const QImage& other) {
         }
     }
     return sum / (one.width() * one.height());
+}
+
+/// The distance of a picture to the place of what is shown where it fits best.
+double leastDistance(const QImage& shown, const QImage& wanted) {
+    double least = 255;
+    for (int y = 0; y + wanted.height() <= shown.height(); ++y) {
+        for (int x = 0; x + wanted.width() <= shown.width(); ++x) {
+            least = std::min(least, distance(shown.copy({{x, y}, wanted.size()}), wanted));
+        }
+    }
+    return least;
+}
+
+/// What a control shows around a picture that it holds.
+struct Holder {
+    QString picture;
+    QImage shown;
+    QSize size; ///< of the picture, in pixels of the window
+};
+
+using Hold = Holder (*)(WindowScene&);
+
+QImage grabbed(QWidget* widget, const QRect& part) {
+    return widget->grab(part).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+Holder toolbarHolder(WindowScene& scene) {
+    auto* bar = scene.frame.findChild<QToolBar*>();
+    const QRect part = bar->actionGeometry(bar->findChild<QAction*>(u"NuovoBioritmo"_s));
+    return {u"NuovoBioritmo"_s, grabbed(bar, part), bar->iconSize()};
+}
+
+Holder buttonHolder(WindowScene& scene) {
+    scene.enterSystem();
+    auto* button = scene.open<FProj>()->findChild<QAbstractButton*>(u"Command5"_s);
+    return {u"Grafico"_s, grabbed(button, button->rect()), button->iconSize()};
+}
+
+Holder treeHolder(WindowScene& scene) {
+    scene.enterSystem();
+    auto* tree = scene.open<FProj>()->findChild<QTreeView*>();
+    tree->clearSelection();
+    tree->setCurrentIndex({});
+    const QRect row = tree->visualRect(tree->model()->index(0, 0));
+    const int side = tree->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, tree);
+    const QRect part(row.topLeft(), QSize(2 * side, row.height()));
+    return {u"Persona"_s, grabbed(tree->viewport(), part), {side, side}};
+}
+
+Holder menuHolder(WindowScene& scene) {
+    QMenu menu(&scene.frame);
+    QAction* action = menu.addAction(picture(u"ImmGrafico"_s), u"Grafico"_s);
+    menu.ensurePolished();
+    menu.resize(menu.sizeHint());
+    const int side = menu.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &menu);
+    QRect part = menu.actionGeometry(action);
+    part.setWidth(3 * side);
+    return {u"Grafico"_s, grabbed(&menu, part), {side, side}};
 }
 
 } // namespace
@@ -125,6 +187,35 @@ void TestSharpness::pictures() {
                 .scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         const double toBlurred = distance(shown, magnified);
         QVERIFY2(toBlurred > 4 * toSharp + 1, qPrintable(QString::number(toBlurred)));
+    }
+}
+
+void TestSharpness::controls_data() {
+    QTest::addColumn<Hold>("hold");
+    QTest::newRow("toolbar") << &toolbarHolder;
+    QTest::newRow("button") << &buttonHolder;
+    QTest::newRow("tree") << &treeHolder;
+    QTest::newRow("menu") << &menuHolder;
+}
+
+/// Where Qt itself asks for the pixels of a picture, they are those of the screen too.
+void TestSharpness::controls() {
+    QFETCH(Hold, hold);
+    WindowScene scene;
+    scene.frame.show();
+    const Holder holder = hold(scene);
+    const QSize pixels = (QSizeF(holder.size) * wantedScale()).toSize();
+    const QColor line = scene.frame.palette().color(QPalette::WindowText);
+    const QColor ground = holder.shown.pixelColor(pixels.width() / 8, pixels.height() / 8);
+    const QImage sharp = fromSource(holder.picture, pixels, line, ground);
+    const QImage magnified = fromSource(holder.picture, holder.size, line, ground)
+                                 .scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const double toSharp = leastDistance(holder.shown, sharp);
+    const double toBlurred = leastDistance(holder.shown, magnified);
+    // The ground may be shaded, and so adds to both.
+    QVERIFY2(toSharp < 5, qPrintable(QString::number(toSharp)));
+    if (wantedScale() > 1) {
+        QVERIFY2(toBlurred > 3 * toSharp + 1, qPrintable(QString::number(toBlurred)));
     }
 }
 

@@ -13,6 +13,8 @@ class TestSharpness : public Test {
     void drawings();
     void pictures_data();
     void pictures();
+    void controls_data();
+    void controls();
     void boxes_data();
     void boxes();
 };
