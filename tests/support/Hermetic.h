@@ -1,9 +1,10 @@
 #pragma once
 
+#include "support/TryMacros.h"
+
 #include <QLocale>
 #include <QObject>
 #include <QTemporaryDir>
-#include <QTest>
 
 /// What makes a test independent of the machine it runs on.
 namespace quor::test {

@@ -2,9 +2,9 @@
 
 #include <QSize>
 
-/// The one place for differences between versions of Qt: each function says which version does what,
-/// and which test sees it. The version is the one that runs, which may be newer than the one that
-/// Quor was built with.
+/// The one place for differences between versions of Qt: each function says which version does
+/// what, and which test sees it. The version is the one that runs, which may be newer than the one
+/// that Quor was built with.
 namespace quor::qt {
 
 /// The size in pixels of the screen that an icon's engine is to make in `scaledPixmap`.
