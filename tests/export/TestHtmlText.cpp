@@ -17,13 +17,13 @@ void TestHtmlText::texts_data() {
                            << QByteArray("luned&igrave;&nbsp;&yuml; &fnof;&euro;&diams;");
     QTest::newRow("by number") << u"Łódź ♧"_s << QByteArray("&#321;&oacute;d&#378; &#9831;");
     QTest::newRow("decomposed") << u"e\u0301"_s << QByteArray("e&#769;");
-    QTest::newRow("beyond 16 bits") << u"\U0001f600\U0010FFFF"_s
-                                    << QByteArray("&#128512;&#1114111;");
+    QTest::newRow("beyond 16 bits")
+        << u"\U0001f600\U0010FFFF"_s << QByteArray("&#128512;&#1114111;");
     QTest::newRow("halves of pairs")
         << u"a"_s + QChar(0xD83D) + u"b"_s + QChar(0xDE00) + QChar(0xD83D)
         << QByteArray("a&#65533;b&#65533;&#65533;");
-    QTest::newRow("no character of a page") << u"\u0080\u0085\u009F"_s
-                                            << QByteArray("&#65533;&#65533;&#65533;");
+    QTest::newRow("no character of a page")
+        << u"\u0080\u0085\u009F"_s << QByteArray("&#65533;&#65533;&#65533;");
 }
 
 void TestHtmlText::texts() {
@@ -36,8 +36,8 @@ void TestHtmlText::addresses_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("address");
     QTest::newRow("plain") << u"D'Amico-1 (a)_x.png"_s << QByteArray("D'Amico-1 (a)_x.png");
-    QTest::newRow("all of ASCII that stays") << u"A ~`!@$^+={}[](),;:/\\|*"_s
-                                             << QByteArray("A ~`!@$^+={}[](),;:/\\|*");
+    QTest::newRow("all of ASCII that stays")
+        << u"A ~`!@$^+={}[](),;:/\\|*"_s << QByteArray("A ~`!@$^+={}[](),;:/\\|*");
     QTest::newRow("beyond ASCII") << u"Niccolò 李\U0001f600.png"_s
                                   << QByteArray("Niccol%C3%B2 %E6%9D%8E%F0%9F%98%80.png");
     QTest::newRow("of an address") << u"50% #1?.png"_s << QByteArray("50%25 %231%3F.png");

@@ -110,6 +110,10 @@ class InstalledTreeTest(Folder):
         self.assertEqual(component.findtext("launchable"), "quor.desktop")
         self.assertEqual({node.text for node in component.iter("mediatype")}, set(TYPES.values()))
         self.assertIsNotNone(component.find("content_rating[@type='oars-1.1']"))
+        # What AppStream 1.0 asks for, and what its forerunner reads.
+        self.assertEqual(component.findtext("url[@type='homepage']"), "https://quor.example")
+        self.assertTrue(component.findtext("developer_name"))
+        self.assertEqual(component.findtext("developer/name"), component.findtext("developer_name"))
 
         # The releases are those of the changelog, and the first is what the program says it is.
         version = run(self.usr / "bin/quor", "--version").stdout.split()[1]

@@ -7,7 +7,9 @@
 #include <QGuiApplication>
 #include <QTimer>
 
+#include <csignal>
 #include <cstdio>
+#include <string_view>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -33,6 +35,21 @@ FILE* takeStandardError() {
         close(nowhere);
     }
     return stream != nullptr ? stream : stderr;
+}
+
+/// How it ended, once that is told.
+volatile std::sig_atomic_t toldEnd = -1;
+int messagesDescriptor = STDERR_FILENO;
+
+/// The engine ends the program by a trap when it cannot go on: newer ones (that of Qt 6.8) without
+/// room for the memory that its processes share, which a file-size limit counts as a file.
+void onTrap(int /*signal*/) {
+    static constexpr std::string_view words = "quor-render: il motore si è interrotto\n";
+    if (toldEnd < 0) {
+        const ssize_t written = write(messagesDescriptor, words.data(), words.size());
+        static_cast<void>(written); // there is nobody else to tell
+    }
+    _exit(toldEnd < 0 ? pageFailed : static_cast<int>(toldEnd));
 }
 
 /// What the engine reads from its surroundings; nobody's wishes from outside come through.
@@ -75,6 +92,10 @@ int main(int argc, char* argv[]) {
     }
 
     FILE* messages = takeStandardError();
+    messagesDescriptor = fileno(messages);
+    for (const int signal : {SIGTRAP, SIGILL}) {
+        std::signal(signal, onTrap);
+    }
     prepareSurroundings();
     // The engine would take the words of our command line for its own.
     int count = 1;
@@ -86,6 +107,7 @@ int main(int argc, char* argv[]) {
                              print(messages, u"quor-render: %1\n"_s.arg(fault));
                              std::fflush(messages);
                          }
+                         toldEnd = code;
                          QCoreApplication::exit(code);
                      });
     QTimer::singleShot(0, &printer, &PagePrinter::start);
