@@ -68,6 +68,12 @@ void resetDisplayOptions(Biorhythm& biorhythm) {
     setWeeklyColours(biorhythm, defaultWeeklyColours());
 }
 
+void resetWork(Program& program) {
+    program.biorhythm.calculationDate = today();
+    resetDisplayOptions(program.biorhythm);
+    program.state.modified = false;
+}
+
 void resetToStartUp(Program& program) {
     program = Program{};
     Biorhythm& biorhythm = program.biorhythm;
@@ -77,8 +83,7 @@ void resetToStartUp(Program& program) {
     biorhythm.showMean = true;
     biorhythm.enhance = true;
     biorhythm.openGraph = true;
-    biorhythm.calculationDate = today();
-    resetDisplayOptions(biorhythm);
+    resetWork(program);
 }
 
 std::int32_t dayCountAtGraphStart(const Biorhythm& biorhythm) {

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -70,6 +71,9 @@ struct SystemMember {
     friend bool operator==(const SystemMember&, const SystemMember&) = default;
 };
 
+/// As many as a system's file can count.
+inline constexpr std::int16_t maximumMembers = std::numeric_limits<std::int16_t>::max();
+
 /// The state of the running program.
 struct AppState {
     QString userFolder;
@@ -129,6 +133,10 @@ void applyWeeklyOptionsToSystem(Program& program, const WeeklyColours& colours);
 
 /// Gives the span, the day numbers and the colours their defaults and touches nothing else.
 void resetDisplayOptions(Biorhythm& biorhythm);
+
+/// Gives the calculation date, the display options and `modified` the values that a start gives
+/// them: what was closed leaves nothing to what is opened next.
+void resetWork(Program& program);
 
 /// Puts the program's data into the state in which every start finds it.
 void resetToStartUp(Program& program);

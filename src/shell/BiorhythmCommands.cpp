@@ -39,6 +39,7 @@ void MDIForm1::newBiorhythm() {
     if (!closedCurrent()) {
         return;
     }
+    resetWork(m_program); // the day may have changed since the start or the last closing
     if (m_program.state.guidedProcedureActive != 0) {
         showBiorhythmEntry(); // a tour can be ended, by its window, beside it
         return;
@@ -173,9 +174,8 @@ void MDIForm1::closeBiorhythm() {
     }
     closeExportAndPrint();
     m_program.biorhythm.birthDate = 0;
-    m_program.biorhythm.calculationDate = 0;
     m_program.biorhythm.name.clear();
-    resetDisplayOptions(m_program.biorhythm);
+    resetWork(m_program);
 }
 
 void MDIForm1::applyBiorhythm() {
@@ -183,8 +183,6 @@ void MDIForm1::applyBiorhythm() {
     biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
     if (m_program.state.systemOpen) {
         ensureSystemWindow()->addMember(biorhythm.name);
-        // It may be another one even where the member was refused.
-        showCalculationDate(*this, biorhythm.calculationDate);
         return;
     }
     setStatusPanel(StatusPanel::person, u"Nome: "_s + biorhythm.name);

@@ -2,6 +2,7 @@
 
 #include "core/Clock.h"
 #include "core/DateEntry.h"
+#include "system/SystemOperations.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
 
@@ -58,6 +59,11 @@ void FIns::accept() {
             u"Nome non presente o formato date errato. Possibili date sono 25/12/1981 o 13 Nov "
             "1945 o 05-06-85"_s,
             u"Errore"_s);
+        return;
+    }
+    if (m_program.state.systemOpen && !canAddMember(this, m_program, entry->name)) {
+        m_ui->Text3->setFocus();
+        m_ui->Text3->selectAll();
         return;
     }
     m_program.biorhythm.birthDate = entry->birthDate;

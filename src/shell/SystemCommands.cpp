@@ -2,7 +2,6 @@
 
 #include "shell/MDIForm1.h"
 
-#include "core/Clock.h"
 #include "shell/FIns.h"
 #include "storage/SystemFile.h"
 #include "system/FProj.h"
@@ -52,10 +51,7 @@ void MDIForm1::newSystem() {
     if (!closedCurrent()) {
         return;
     }
-    DateValue& calculationDate = m_program.biorhythm.calculationDate;
-    if (calculationDate == 0) {
-        calculationDate = today(); // members from files bring no date of their own
-    }
+    resetWork(m_program); // the day may have changed since the start or the last closing
     showChild(ensureSystemWindow());
 }
 

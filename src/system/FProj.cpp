@@ -145,18 +145,11 @@ QSize FProj::sizeHint() const {
 }
 
 void FProj::addMember(const QString& name) {
-    if (findSystemMember(m_program.state, name) >= 0) {
-        showError(this,
-                  u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s,
-                  u"Errore"_s);
+    if (!canAddMember(this, m_program, name) ||
+        !m_tree->addMember({name, m_program.biorhythm.birthDate})) {
         return;
     }
-    if (!m_tree->addMember({name, m_program.biorhythm.birthDate})) {
-        showOverflow(this,
-                     u"Il sistema è pieno: contiene già 32767 bioritmi. Rimuoverne uno prima di "
-                     "inserirne un altro, oppure inserirlo in un altro sistema."_s);
-        return;
-    }
+    m_program.state.modified = true;
     enableSystemButtons(true);
     enableMemberButtons(true);
     showSystemStatus(m_program, m_frame);
@@ -283,12 +276,10 @@ void FProj::openCompatibility() {
 
 void FProj::insertNew() {
     m_frame.showBiorhythmEntry();
-    m_program.state.modified = true;
 }
 
 void FProj::insertExisting() {
     m_frame.run(Command::mnuApriBioritmo);
-    m_program.state.modified = true;
 }
 
 void FProj::removeMember() {

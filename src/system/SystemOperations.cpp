@@ -1,6 +1,7 @@
 #include "system/SystemOperations.h"
 
 #include "toolkit/CalculationDate.h"
+#include "toolkit/Messages.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -50,12 +51,27 @@ void closeSystem(Program& program, Frame& frame) {
 
     AppState& state = program.state;
     state.systemFilePath.clear();
-    if (!program.biorhythm.name.isEmpty()) {
-        frame.closeBiorhythm();
-    }
+    frame.closeBiorhythm(); // the person that it was computed for, its date and its options
     state.systemOpen = false;
     state.systemCount = 0;
     state.systemMembers.assign(1, {});
+}
+
+bool canAddMember(QWidget* parent, const Program& program, const QString& name) {
+    if (findSystemMember(program.state, name) >= 0) {
+        showError(parent,
+                  u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s,
+                  u"Errore"_s);
+        return false;
+    }
+    if (program.state.systemCount == maximumMembers) {
+        showOverflow(
+            parent,
+            u"Il sistema è pieno: contiene già %1 bioritmi. Rimuoverne uno prima di "
+            "inserirne un altro, oppure inserirlo in un altro sistema."_s.arg(maximumMembers));
+        return false;
+    }
+    return true;
 }
 
 void showSystemStatus(const Program& program, Frame& frame) {

@@ -3,7 +3,6 @@
 #include "toolkit/LineText.h"
 
 #include <algorithm>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +63,7 @@ void SystemTreeModel::clear() {
 }
 
 bool SystemTreeModel::addMember(SystemMember member) {
-    if (m_state.systemCount == std::numeric_limits<std::int16_t>::max()) {
+    if (m_state.systemCount == maximumMembers) {
         return false;
     }
     showAll();

@@ -172,17 +172,44 @@ void TestSystemCommands::aNameOnlyOnce() {
              (QStringList{u"Bioritmo di Anna"_s, u"Bioritmo di Bruno"_s, u"Bioritmo di ANNA"_s}));
 }
 
-void TestSystemCommands::aRefusedNameMayBringAnotherDate() {
-    // The entry has stored its calculation date by then, and the status bar does not hide it.
+void TestSystemCommands::aRefusedNameStoresNothing() {
     Fixture fixture;
     fixture.openSystemOfTwo();
-    fixture.program.biorhythm.calculationDate = toDateValue(QDate(2010, 1, 31));
+    AppState& state = fixture.program.state;
+    state.modified = false;
+    state.guidedProcedureActive = 2;
+    const QStringList before = fixture.panels();
+    fixture.press(u"Command1"_s);
+    auto* entry = fixture.frame.findChild<FIns*>();
+    const auto field = [entry](const QString& name) { return entry->findChild<QLineEdit*>(name); };
+    field(u"Text3"_s)->setText(u" Anna "_s);
+    field(u"Text1"_s)->setText(u"02/01/1990"_s);
+    field(u"Text2"_s)->setText(u"31/01/2010"_s);
+    field(u"Text2"_s)->setFocus();
     fixture.dialogs.expectBox(
         u"Errore"_s, u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s);
-    fixture.frame.applyBiorhythm();
+    entry->accept();
     QVERIFY(fixture.dialogs.finished());
+
+    const Biorhythm& biorhythm = fixture.program.biorhythm;
+    QCOMPARE(biorhythm.name, u"Bruno"_s);
+    QCOMPARE(toQDate(biorhythm.birthDate), QDate(1981, 12, 25));
+    QCOMPARE(toQDate(biorhythm.calculationDate), QDate(2004, 3, 15));
+    QVERIFY(!state.modified && !state.guidedStepDone);
+    QCOMPARE(state.systemCount, std::int16_t{2});
+    QCOMPARE(fixture.panels(), before);
+    // What was typed stands there to be corrected.
+    QVERIFY(entry->isVisible());
+    QVERIFY(entry->focusWidget() == field(u"Text3"_s));
+    QCOMPARE(field(u"Text3"_s)->text(), u" Anna "_s);
+    QCOMPARE(field(u"Text1"_s)->text(), u"02/01/1990"_s);
+    QCOMPARE(field(u"Text2"_s)->text(), u"31/01/2010"_s);
+    field(u"Text3"_s)->setText(u"Carla"_s);
+    entry->accept();
+    QVERIFY(state.modified && state.guidedStepDone);
+    QCOMPARE(fixture.branches().constLast(), u"Bioritmo di Carla"_s);
     QCOMPARE(fixture.panels().at(2), u"Data in esame per il calcolo: 31/01/2010"_s);
-    QCOMPARE(fixture.panels().at(1), u"2 bioritmi nel sistema"_s);
+    state.guidedProcedureActive = 0;
 }
 
 void TestSystemCommands::membersFromFiles() {
@@ -412,12 +439,47 @@ void TestSystemCommands::closing() {
     QVERIFY(!fixture.action(u"mnuSalvaSistema"_s)->isEnabled());
     QCOMPARE(fixture.panels(), (QStringList{{}, {}, {}}));
     QVERIFY(!fixture.program.biorhythm.isPresent()); // the last one entered is forgotten too
-    QCOMPARE(fixture.program.biorhythm.calculationDate, 0.0);
 
-    // The next dialog proposes today.
+    // The next dialog proposes today, also on the next day.
+    const FixedClock later(QDate(2026, 11, 22));
     fixture.frame.run(Command::mnuCalcola);
     QCOMPARE(fixture.frame.findChild<FIns*>()->findChild<QLineEdit*>(u"Text2"_s)->text(),
-             shortDate(toDateValue(QDate(2026, 11, 21))));
+             shortDate(toDateValue(QDate(2026, 11, 22))));
+}
+
+void TestSystemCommands::aClosedSystemLeavesNothing() {
+    Fixture fixture;
+    fixture.frame.loadSystemFile(fixture.writeSystem({u"Anna"_s}, {2026, 11, 21}));
+    Biorhythm& biorhythm = fixture.program.biorhythm;
+    QVERIFY(biorhythm.name.isEmpty()); // nobody was computed
+    biorhythm.calculationDate = toDateValue(QDate(2004, 3, 15));
+    biorhythm.weeklyColours[0] = 1;
+    biorhythm.openStatistics = true;
+    biorhythm.showMean = false;
+    fixture.program.state.modified = true;
+    fixture.frame.run(Command::mnuOpzioniSistema);
+    QVERIFY(fixture.children().contains(u"Opzioni"_s));
+
+    fixture.expectSystemClosing(Answer::yes);
+    fixture.expectSystemSaving(Answer::no);
+    fixture.frame.run(Command::mnuChiudiSistema);
+    QVERIFY(fixture.dialogs.finished());
+    QVERIFY(fixture.children().isEmpty());
+    QCOMPARE(toQDate(biorhythm.calculationDate), QDate(2026, 11, 21));
+    QCOMPARE(graphOptions(biorhythm), defaultGraphOptions());
+    QCOMPARE(weeklyColours(biorhythm), defaultWeeklyColours());
+    QVERIFY(!fixture.program.state.modified);
+    QVERIFY(biorhythm.openStatistics && !biorhythm.showMean); // the user's habits stay
+
+    // The next system is new: an entry and a file dialog that are cancelled change nothing in it.
+    fixture.frame.run(Command::mnuNuovoSistema);
+    fixture.press(u"Command1"_s);
+    fixture.frame.findChild<FIns*>()->reject();
+    fixture.expectFile(FileMode::open, {});
+    fixture.press(u"Command2"_s);
+    fixture.expectSystemClosing(Answer::yes); // and no question whether to save
+    fixture.frame.run(Command::mnuChiudiSistema);
+    QVERIFY(fixture.dialogs.finished());
 }
 
 void TestSystemCommands::closingSavesFirst() {

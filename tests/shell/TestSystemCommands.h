@@ -13,7 +13,7 @@ class TestSystemCommands : public Test {
     void newSystemClosesTheSystem();
     void enteringMembers();
     void aNameOnlyOnce();
-    void aRefusedNameMayBringAnotherDate();
+    void aRefusedNameStoresNothing();
     void membersFromFiles();
     void theEntryClosesWithTheSystem();
     void aNewEntryAfterTheSystem();
@@ -28,6 +28,7 @@ class TestSystemCommands : public Test {
     void savingToTheKnownFile();
     void aFailedSaveIsReported();
     void closing();
+    void aClosedSystemLeavesNothing();
     void closingSavesFirst();
     void aCancelledSaveKeepsTheSystem();
     void closingIsRefused();

@@ -10,7 +10,6 @@ class TestSystemOperations : public Test {
   private slots:
     void opening();
     void closing();
-    void closingForgetsTheComputedPerson();
     void status();
     void noStatusWithoutASystem();
 };
