@@ -1,5 +1,5 @@
-// Any bytes as the content of a .bio file: reading ends and takes only values in their ranges, and
-// what was read and written reads back the same.
+// Any bytes as the content of a .bio file: reading ends and takes only values in their ranges, what
+// is refused changes nothing, and what was read and written reads back the same.
 
 #include "Input.h"
 #include "storage/BiorhythmFile.h"
@@ -23,8 +23,11 @@ quor::Program freshProgram() {
     return program;
 }
 
-void readInto(quor::Program& program, const QByteArray& bytes) {
-    quor::fuzz::readFrom(bytes, [&program](QIODevice& device) { readBiorhythm(device, program); });
+bool readInto(quor::Program& program, const QByteArray& bytes) {
+    bool taken = false;
+    quor::fuzz::readFrom(
+        bytes, [&](QIODevice& device) { taken = !readBiorhythm(device, program.biorhythm); });
+    return taken;
 }
 
 } // namespace
@@ -32,13 +35,17 @@ void readInto(quor::Program& program, const QByteArray& bytes) {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const QByteArray bytes = quor::fuzz::bytesOf(data, size);
     quor::Program read = freshProgram();
-    readInto(read, bytes);
+    if (!readInto(read, bytes)) {
+        check(stored(read.biorhythm) == stored(freshProgram().biorhythm),
+              "what is refused changes nothing");
+        return 0;
+    }
     check(isStorableDate(read.biorhythm.birthDate), "the birth date can be stored");
     check(isStorableDate(read.biorhythm.calculationDate), "the calculation date can be stored");
 
     quor::Program again = freshProgram();
     const QByteArray written = quor::biorhythmFileContent(read.biorhythm);
-    readInto(again, written);
+    check(readInto(again, written), "what was written is read");
     check(stored(again.biorhythm) == stored(read.biorhythm),
           "what was written reads back the same");
     check(quor::biorhythmFileContent(again.biorhythm) == written, "and is written the same");
@@ -46,7 +53,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     // While a system is open only the person is taken.
     quor::Program withSystem = freshProgram();
     withSystem.state.systemOpen = true;
-    readInto(withSystem, bytes);
+    takeBiorhythm(read, withSystem);
     quor::Biorhythm personOnly = freshProgram().biorhythm;
     personOnly.name = read.biorhythm.name;
     personOnly.birthDate = read.biorhythm.birthDate;

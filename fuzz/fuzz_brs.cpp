@@ -1,5 +1,6 @@
 // Any bytes as the content of a .brs file: reading ends and takes only values in their ranges, the
-// list never has fewer entries than it says, and what was read and written reads back the same.
+// list never has fewer entries than it says, what is refused changes nothing, and what was read and
+// written reads back the same.
 
 #include "Input.h"
 #include "storage/LineNotation.h"
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <span>
 #include <tuple>
 
@@ -52,8 +54,16 @@ quor::Program programWith(std::int16_t members) {
     return program;
 }
 
-quor::Program readInto(quor::Program program, const QByteArray& bytes) {
-    quor::fuzz::readFrom(bytes, [&program](QIODevice& device) { readSystem(device, program); });
+/// Nothing for what is refused.
+std::optional<quor::Program> readInto(quor::Program program, const QByteArray& bytes) {
+    const quor::Program before = program;
+    bool taken = false;
+    quor::fuzz::readFrom(bytes, [&](QIODevice& device) { taken = !readSystem(device, program); });
+    if (!taken) {
+        check(quor::systemFileContent(program) == quor::systemFileContent(before),
+              "what is refused changes nothing");
+        return std::nullopt;
+    }
     const quor::AppState& state = program.state;
     check(state.systemCount >= 0 &&
               state.systemMembers.size() >= static_cast<std::size_t>(state.systemCount),
@@ -75,7 +85,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         return 0;
     }
     for (const std::int16_t before : {std::int16_t{0}, std::int16_t{3}}) {
-        quor::Program read = readInto(programWith(before), bytes);
+        const auto taken = readInto(programWith(before), bytes);
+        if (!taken) {
+            return 0;
+        }
+        const quor::Program& read = *taken;
         const auto& members = read.state.systemMembers;
         check(read.state.systemCount == 0 || std::ssize(members) == read.state.systemCount,
               "members are new ones, none besides them");
@@ -83,7 +97,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
               "without members the old entries stay");
 
         const QByteArray written = quor::systemFileContent(read);
-        const quor::Program again = readInto(programWith(1), written);
+        const auto reread = readInto(programWith(1), written);
+        check(reread.has_value(), "what was written is read");
+        const quor::Program& again = *reread;
         check(std::ranges::equal(counted(again.state), counted(read.state)),
               "the members read back the same");
         check(stored(again.biorhythm) == stored(read.biorhythm),

@@ -6,8 +6,10 @@
 #include "guidance/FOpt.h"
 #include "guidance/FProcGuid.h"
 #include "shell/FIns.h"
+#include "shell/RecentFiles.h"
 #include "storage/BiorhythmFile.h"
 #include "system/FProj.h"
+#include "system/SystemOperations.h"
 #include "toolkit/CalculationDate.h"
 #include "toolkit/FileDialogs.h"
 #include "toolkit/Messages.h"
@@ -79,9 +81,21 @@ void MDIForm1::openBiorhythm() {
 }
 
 void MDIForm1::loadBiorhythmFile(const QString& path) {
-    readBiorhythmFile(path, m_program);
-    remember(FileKind::biorhythm, path);
-    if (!m_program.state.systemOpen) {
+    Program read;
+    if (readFile(FileKind::biorhythm, path, read)) {
+        takeBiorhythmFile(read);
+    }
+}
+
+/// Makes the person of a file current, or a member of the open system.
+void MDIForm1::takeBiorhythmFile(const Program& read) {
+    const bool isMember = m_program.state.systemOpen;
+    if (isMember && !canAddMember(this, m_program, read.biorhythm.name)) {
+        return;
+    }
+    takeBiorhythm(read, m_program);
+    recentFiles(FileKind::biorhythm)->add(read.state.filePath);
+    if (!isMember) {
         offerToday();
     }
     applyBiorhythm();
@@ -111,7 +125,7 @@ void MDIForm1::saveBiorhythm() {
                   u"Errore"_s);
         return;
     }
-    remember(FileKind::biorhythm, path);
+    recentFiles(FileKind::biorhythm)->add(path);
     showInformation(this, u"File salvato"_s, u"Ok"_s);
 }
 
@@ -123,7 +137,7 @@ void MDIForm1::saveBiorhythmAs() {
     }
     // A failure is not reported here, but `modified` then stays set: closing asks again.
     if (!saveBiorhythmFile(path, m_program)) {
-        remember(FileKind::biorhythm, path);
+        recentFiles(FileKind::biorhythm)->add(path);
     }
     showInformation(this, u"File salvato"_s, u"Ok"_s);
 }

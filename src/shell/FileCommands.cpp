@@ -1,14 +1,20 @@
-// Files that are named rather than asked for: the recent ones, and those dropped on the frame.
+// Files that are named rather than asked for: at the start, the recent ones, and those dropped on
+// the frame.
 
 #include "shell/MDIForm1.h"
 
 #include "shell/FileDrop.h"
 #include "shell/RecentFiles.h"
+#include "storage/BiorhythmFile.h"
+#include "storage/SystemFile.h"
 #include "toolkit/Messages.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -50,29 +56,60 @@ void MDIForm1::openNamed(FileKind kind, const QString& path) {
     if (!canOpen(kind)) {
         return; // no longer
     }
+    openFile(kind, path);
     if (!QFileInfo(path).isFile()) {
-        showError(this, u"Il file \"%1\" non esiste."_s.arg(QDir::toNativeSeparators(path)),
-                  u"Errore"_s);
         recentFiles(kind)->remove(path);
-    } else if (kind == FileKind::system) {
-        if (closedCurrent()) {
-            loadSystemFile(path);
-        }
-    } else if (closedCurrentBiorhythm()) {
-        loadBiorhythmFile(path);
     }
+}
+
+/// Opens a file in the place of what is open. It is read first, so that one that cannot be read
+/// closes nothing and asks nothing.
+void MDIForm1::openFile(FileKind kind, const QString& path) {
+    Program read;
+    const bool mayBeSaved = m_program.state.modified;
+    if (!readFile(kind, path, read) || !closedCurrent()) {
+        return;
+    }
+    // What was closed may have been saved into this very file.
+    if (mayBeSaved && !readFile(kind, path, read)) {
+        return;
+    }
+    if (kind == FileKind::system) {
+        takeSystemFile(std::move(read));
+    } else {
+        takeBiorhythmFile(read);
+    }
+}
+
+/// Reads a file into fresh data. False after a box that says why it cannot be read.
+bool MDIForm1::readFile(FileKind kind, const QString& path, Program& read) {
+    const QString shown = QDir::toNativeSeparators(path);
+    if (!QFileInfo::exists(path)) {
+        showError(this, u"Il file \"%1\" non esiste."_s.arg(shown), u"Errore"_s);
+        return false;
+    }
+    resetToStartUp(read);
+    std::optional<QString> fault;
+    switch (kind) {
+    case FileKind::biorhythm:
+        fault = readBiorhythmFile(path, read);
+        break;
+    case FileKind::system:
+        fault = readSystemFile(path, read);
+        break;
+    case FileKind::other:
+        fault = u"non è né un bioritmo (.bio) né un sistema (.brs)"_s;
+        break;
+    }
+    if (fault) {
+        showError(this, u"Il file \"%1\" non si può aprire:\n%2."_s.arg(shown, *fault),
+                  u"Errore"_s);
+    }
+    return !fault;
 }
 
 RecentFiles* MDIForm1::recentFiles(FileKind kind) const {
     return kind == FileKind::system ? m_recentSystems : m_recentBiorhythms;
-}
-
-/// A file that was opened or saved. Opening does not say whether the file could be read.
-void MDIForm1::remember(FileKind kind, const QString& path) {
-    const QFileInfo file(path);
-    if (file.isFile() && file.isReadable()) {
-        recentFiles(kind)->add(path);
-    }
 }
 
 } // namespace quor

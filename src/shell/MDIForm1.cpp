@@ -94,40 +94,18 @@ void MDIForm1::start(const StartRequest& request) {
     switch (request.mode) {
     case StartMode::commandLineText: {
         const QString path = pathInCommandLineText(request.text);
-        if (QFileInfo::exists(path)) {
-            openFile(path);
+        if (QFileInfo::exists(path) && fileKind(path) != FileKind::other) {
+            openFile(fileKind(path), path);
         }
         break;
     }
     case StartMode::openFile:
-        if (QFileInfo::exists(request.text)) {
-            openFile(QFileInfo(request.text).absoluteFilePath());
-        } else {
-            showError(this, u"Il file \"%1\" non esiste."_s.arg(request.text), u"Errore"_s);
-        }
+        openFile(fileKind(request.text), QFileInfo(request.text).absoluteFilePath());
         break;
     case StartMode::plain:
         if (!hasWork && m_program.state.fastStart != u"FALSE"_s) {
             showFastStart();
         }
-        break;
-    default:
-        break;
-    }
-}
-
-/// Opens a file that was named at the start, where something may have been taken back already.
-void MDIForm1::openFile(const QString& path) {
-    const FileKind kind = fileKind(path);
-    if (kind == FileKind::other || !closedCurrent()) {
-        return;
-    }
-    switch (kind) {
-    case FileKind::biorhythm:
-        loadBiorhythmFile(path);
-        break;
-    case FileKind::system:
-        loadSystemFile(path);
         break;
     default:
         break;

@@ -60,11 +60,12 @@ class MDIForm1 : public QMainWindow, public Frame {
     void keepUnsavedWork();
 
     /// Reads a .bio file into the record, asks whether to move an old calculation date to today,
-    /// and applies the biorhythm.
+    /// and applies the biorhythm; or adds the person to the open system. What cannot be read or
+    /// added changes nothing, and a box says why.
     void loadBiorhythmFile(const QString& path);
 
     /// Reads a .brs file, asks whether to move an old calculation date to today, and opens the
-    /// system window with its members.
+    /// system window with its members. What cannot be read changes nothing, and a box says why.
     void loadSystemFile(const QString& path);
 
     [[nodiscard]] QWidget* widget() override { return this; }
@@ -109,7 +110,6 @@ class MDIForm1 : public QMainWindow, public Frame {
     /// Enables what the states of the commands say.
     void showCommandStates();
 
-    void openFile(const QString& path);
     /// True when the user has taken something back, which is then open.
     [[nodiscard]] bool recovered();
 
@@ -137,6 +137,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void askToCloseBiorhythm();
     void moveCalculationDate();
     void offerToday();
+    void takeBiorhythmFile(const Program& read);
     [[nodiscard]] bool closedCurrentBiorhythm();
     FIns* ensureBiorhythmEntry();
 
@@ -148,19 +149,21 @@ class MDIForm1 : public QMainWindow, public Frame {
     void askToCloseSystem();
     [[nodiscard]] bool closedCurrent();
     FProj* ensureSystemWindow();
+    void takeSystemFile(Program read);
     void showLoadedSystem();
 
     // The windows that export and print (ExportCommands.cpp).
     void closeExportAndPrint();
     void unlock();
 
-    // Recent and dropped files (FileCommands.cpp).
+    // Files that are named: at the start, recent and dropped ones (FileCommands.cpp).
     void buildFileEntries();
     void showFileEntryStates();
     [[nodiscard]] bool canOpen(FileKind kind) const;
     void openNamed(FileKind kind, const QString& path);
+    void openFile(FileKind kind, const QString& path);
+    [[nodiscard]] bool readFile(FileKind kind, const QString& path, Program& read);
     [[nodiscard]] RecentFiles* recentFiles(FileKind kind) const;
-    void remember(FileKind kind, const QString& path);
 
     // The fast-start window and the guided tours (GuideCommands.cpp).
     void showFastStart();

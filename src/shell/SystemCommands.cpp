@@ -3,6 +3,7 @@
 #include "shell/MDIForm1.h"
 
 #include "shell/FIns.h"
+#include "shell/RecentFiles.h"
 #include "storage/SystemFile.h"
 #include "system/FProj.h"
 #include "system/SystemOperations.h"
@@ -10,6 +11,8 @@
 #include "toolkit/Messages.h"
 
 #include <QDir>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -67,8 +70,15 @@ void MDIForm1::openSystemFile() {
 }
 
 void MDIForm1::loadSystemFile(const QString& path) {
-    readSystemFile(path, m_program);
-    remember(FileKind::system, path);
+    Program read;
+    if (readFile(FileKind::system, path, read)) {
+        takeSystemFile(std::move(read));
+    }
+}
+
+void MDIForm1::takeSystemFile(Program read) {
+    takeSystem(std::move(read), m_program);
+    recentFiles(FileKind::system)->add(m_program.state.systemFilePath);
     offerToday();
     showLoadedSystem();
 }
@@ -93,7 +103,7 @@ void MDIForm1::saveSystem() {
                   u"Errore"_s);
         return;
     }
-    remember(FileKind::system, path);
+    recentFiles(FileKind::system)->add(path);
     showInformation(this, u"Sistema salvato"_s, u"Ok"_s);
 }
 
@@ -105,7 +115,7 @@ void MDIForm1::saveSystemAs() {
     }
     // A failure is not reported here, but `modified` then stays set: closing asks again.
     if (!saveSystemFile(path, m_program)) {
-        remember(FileKind::system, path);
+        recentFiles(FileKind::system)->add(path);
     }
     showInformation(this, u"File salvato"_s, u"Ok"_s);
 }

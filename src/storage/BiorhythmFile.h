@@ -22,12 +22,17 @@ namespace quor {
 [[nodiscard]] std::optional<QString> saveBiorhythmFile(const QString& path, Program& program);
 
 /// Reads what an open device holds into the record, field by field: what is missing or damaged
-/// keeps its value. While a system is open only the name and the birth date are taken.
-void readBiorhythm(QIODevice& device, Program& program);
+/// keeps its value. Without a name or a birth date nothing is taken.
+/// @return nothing when it was taken; else the reason, in the user's language and without a full
+/// stop, and the record is untouched
+[[nodiscard]] std::optional<QString> readBiorhythm(QIODevice& device, Biorhythm& biorhythm);
 
-/// Reads the file into the record, field by field: what is missing or damaged keeps its value.
-/// While a system is open only the name and the birth date are taken. Whatever the file holds, even
-/// when it cannot be opened, `filePath` becomes the path and `modified` is cleared.
-void readBiorhythmFile(const QString& path, Program& program);
+/// The same from a file; `filePath` becomes the path and `modified` is cleared. A file that cannot
+/// be opened has its reason too, and changes nothing.
+[[nodiscard]] std::optional<QString> readBiorhythmFile(const QString& path, Program& program);
+
+/// Takes over what was read into other data: the person, `filePath` and, unless a system is open,
+/// the calculation date and the display options. Clears `modified`.
+void takeBiorhythm(const Program& read, Program& program);
 
 } // namespace quor

@@ -34,4 +34,10 @@ void readDateAndOptions(LineReader& reader, Biorhythm& biorhythm) {
     }
 }
 
+void copyDateAndOptions(const Biorhythm& from, Biorhythm& to) {
+    to.calculationDate = from.calculationDate;
+    setGraphOptions(to, graphOptions(from));
+    setWeeklyColours(to, weeklyColours(from));
+}
+
 } // namespace quor

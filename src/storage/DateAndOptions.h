@@ -12,4 +12,6 @@ void writeDateAndOptions(LineWriter& writer, const Biorhythm& biorhythm);
 /// What is missing or damaged keeps its value.
 void readDateAndOptions(LineReader& reader, Biorhythm& biorhythm);
 
+void copyDateAndOptions(const Biorhythm& from, Biorhythm& to);
+
 } // namespace quor

@@ -207,16 +207,18 @@ LineReader::LineReader(QIODevice& device)
     : m_device(&device)
     , m_block(maximumLine + maximumLine / 2, Qt::Uninitialized) {}
 
-void LineReader::read(QString& value) {
-    if (auto text = parseString(nextLine())) {
+bool LineReader::read(QString& value) {
+    auto text = parseString(nextLine());
+    if (text) {
         value = *std::move(text);
     }
+    return text.has_value();
 }
 
-void LineReader::read(DateValue& value) {
-    if (const auto date = parseDate(nextLine())) {
-        value = *date;
-    }
+bool LineReader::read(DateValue& value) {
+    const auto date = parseDate(nextLine());
+    value = date.value_or(value);
+    return date.has_value();
 }
 
 QByteArrayView LineReader::nextLine() {

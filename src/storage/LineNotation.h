@@ -57,16 +57,19 @@ class LineReader {
     /// The device stays the caller's and is read ahead. One that is not open has no lines.
     explicit LineReader(QIODevice& device);
 
-    void read(QString& value);
-    void read(DateValue& value);
+    /// @return whether the line holds such a value
+    bool read(QString& value);
+    bool read(DateValue& value);
 
     template<typename Integer>
     requires std::is_integral_v<Integer>
-    void read(Integer& value) {
+    bool read(Integer& value) {
         const auto number = parseInteger(nextLine());
-        if (number && std::in_range<Integer>(*number)) {
-            value = static_cast<Integer>(*number);
+        if (!number || !std::in_range<Integer>(*number)) {
+            return false;
         }
+        value = static_cast<Integer>(*number);
+        return true;
     }
 
   private:

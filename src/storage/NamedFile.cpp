@@ -3,9 +3,7 @@
 #include "storage/BiorhythmFile.h"
 #include "storage/FileKind.h"
 #include "storage/SystemFile.h"
-#include "storage/WholeFile.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -17,8 +15,14 @@ namespace quor {
 
 namespace {
 
+QString unreadable(const QString& path, const QString& reason) {
+    return u"il file non si può leggere: %1 (%2)"_s.arg(path, reason);
+}
+
 std::optional<QString> openSystem(const QString& path, Program& program) {
-    readSystemFile(path, program);
+    if (const auto fault = readSystemFile(path, program)) {
+        return unreadable(path, *fault);
+    }
     program.state.systemOpen = true;
     // What is left of a damaged file may hold members without a name and a birth.
     std::vector<SystemMember>& members = program.state.systemMembers;
@@ -32,7 +36,9 @@ std::optional<QString> openSystem(const QString& path, Program& program) {
 }
 
 std::optional<QString> openBiorhythm(const QString& path, Program& program) {
-    readBiorhythmFile(path, program);
+    if (const auto fault = readBiorhythmFile(path, program)) {
+        return unreadable(path, *fault);
+    }
     if (!program.biorhythm.isPresent()) {
         return u"il file non contiene nessuna persona: "_s + path;
     }
@@ -49,10 +55,6 @@ std::optional<QString> openNamedFile(const QString& path, Program& program) {
     }
     if (!QFileInfo::exists(path)) {
         return u"il file non esiste: "_s + path;
-    }
-    // The readers take what they find and do not complain.
-    if (QFile file(path); !openForReading(file)) {
-        return u"il file non si può leggere: "_s + path;
     }
     return kind == FileKind::system ? openSystem(path, program) : openBiorhythm(path, program);
 }

@@ -5,6 +5,7 @@
 #include "storage/SystemFile.h"
 #include "storage/WholeFile.h"
 
+#include <QBuffer>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -84,15 +85,18 @@ std::optional<LeftWork> leftWork(const QString& file, bool isSystem) {
     }
     LeftWork left{
         .work = *std::move(whole), .file = file, .changed = QFileInfo(file).lastModified()};
-    Program program;
-    resetToStartUp(program);
-    left.open(program);
-    left.name = isSystem ? QString() : program.biorhythm.name;
-    left.members = program.state.systemCount;
+    QBuffer content(&left.work.content);
+    resetToStartUp(left.data);
+    if (!content.open(QIODevice::ReadOnly) ||
+        (isSystem ? readSystem(content, left.data) : readBiorhythm(content, left.data.biorhythm))) {
+        return std::nullopt;
+    }
+    left.name = isSystem ? QString() : left.data.biorhythm.name;
+    left.members = left.data.state.systemCount;
     const QFileInfo own(left.work.path);
     left.fileIsNewer =
         !left.work.path.isEmpty() && own.isFile() && own.lastModified() > left.changed;
-    const bool somebody = isSystem ? left.members > 0 : program.biorhythm.isPresent();
+    const bool somebody = isSystem ? left.members > 0 : left.data.biorhythm.isPresent();
     return somebody ? std::optional(std::move(left)) : std::nullopt;
 }
 
@@ -226,10 +230,10 @@ bool isSameWork(const Program& one, const Program& other) {
 
 void LeftWork::open(Program& program) const {
     if (work.isSystem) {
-        readSystemFile(file, program);
+        takeSystem(data, program);
         program.state.systemFilePath = work.path;
     } else {
-        readBiorhythmFile(file, program);
+        takeBiorhythm(data, program);
         program.state.filePath = work.path;
     }
     program.state.modified = true;

@@ -54,8 +54,9 @@ struct LeftWork {
     int members = 0;               ///< of the system
     bool fileIsNewer = false;      ///< its own file was written after it
     std::optional<RunLock> lock{}; ///< of the run that left it
+    Program data{};                ///< what its file holds
 
-    /// Reads it into the program as it was: its own file's path, and modified. Nothing may be open.
+    /// Takes it over as it was: its own file's path, and modified. Nothing may be open.
     void open(Program& program) const;
 };
 

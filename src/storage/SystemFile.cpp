@@ -6,24 +6,11 @@
 
 #include <QFile>
 
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
 namespace quor {
-
-namespace {
-
-void readMembers(LineReader& reader, AppState& state) {
-    reader.read(state.systemCount);
-    if (state.systemCount <= 0) {
-        state.systemCount = 0;
-        return;
-    }
-    state.systemMembers = std::vector<SystemMember>(static_cast<std::size_t>(state.systemCount));
-    for (SystemMember& member : state.systemMembers) {
-        reader.read(member.name);
-        reader.read(member.birthDate);
-    }
-}
-
-} // namespace
 
 QByteArray systemFileContent(const Program& program) {
     const auto members = program.state.members();
@@ -45,19 +32,44 @@ std::optional<QString> saveSystemFile(const QString& path, Program& program) {
     return std::nullopt;
 }
 
-void readSystem(QIODevice& device, Program& program) {
+std::optional<QString> readSystem(QIODevice& device, Program& program) {
     LineReader reader(device);
-    readMembers(reader, program.state);
+    std::int16_t count = -1;
+    if (!reader.read(count) || count < 0) {
+        return u"alla riga 1 non c'è un numero di persone da 0 a %1"_s.arg(maximumMembers);
+    }
+    AppState& state = program.state;
+    state.systemCount = count;
+    if (count > 0) {
+        state.systemMembers = std::vector<SystemMember>(static_cast<std::size_t>(count));
+        for (SystemMember& member : state.systemMembers) {
+            reader.read(member.name);
+            reader.read(member.birthDate);
+        }
+    }
     readDateAndOptions(reader, program.biorhythm);
+    return std::nullopt;
 }
 
-void readSystemFile(const QString& path, Program& program) {
+std::optional<QString> readSystemFile(const QString& path, Program& program) {
     QFile file(path);
-    if (openForReading(file)) {
-        readSystem(file, program);
+    if (!openForReading(file)) {
+        return whyNotOpened(file);
     }
+    auto fault = readSystem(file, program);
+    if (!fault) {
+        program.state.modified = false;
+        program.state.systemFilePath = path;
+    }
+    return fault;
+}
+
+void takeSystem(Program read, Program& program) {
+    program.state.systemCount = read.state.systemCount;
+    program.state.systemMembers = std::move(read.state.systemMembers);
+    program.state.systemFilePath = std::move(read.state.systemFilePath);
     program.state.modified = false;
-    program.state.systemFilePath = path;
+    copyDateAndOptions(read.biorhythm, program.biorhythm);
 }
 
 } // namespace quor

@@ -22,17 +22,22 @@ namespace quor {
 /// @return nothing on success; else the reason, and the old file and `modified` are untouched
 [[nodiscard]] std::optional<QString> saveSystemFile(const QString& path, Program& program);
 
-/// Reads what an open device holds into the system and the record, as `readSystemFile` says.
-void readSystem(QIODevice& device, Program& program);
-
-/// Reads the file into the system and the record, field by field: what is missing or damaged keeps
-/// its value.
+/// Reads what an open device holds into the system and the record, field by field: what is missing
+/// or damaged keeps its value.
 ///
-/// A count that is missing or damaged keeps its value too, and as many members are read. They
-/// replace the old ones, all of them; one whose lines are missing or damaged is nameless, its date
-/// 0. A count of 0 or less makes `systemCount` 0 and leaves the old entries where they are, so
-/// `systemMembers` holds `systemCount` entries or more. Whatever the file holds, even when it
-/// cannot be opened, `systemFilePath` becomes the path and `modified` is cleared.
-void readSystemFile(const QString& path, Program& program);
+/// The members replace the old ones, all of them; one whose lines are missing or damaged is
+/// nameless, its date 0. A count of 0 leaves the old entries where they are, so `systemMembers`
+/// holds `systemCount` entries or more. Without a count of 0 to `maximumMembers` nothing is taken.
+/// @return nothing when it was taken; else the reason, in the user's language and without a full
+/// stop, and the program is untouched
+[[nodiscard]] std::optional<QString> readSystem(QIODevice& device, Program& program);
+
+/// The same from a file; `systemFilePath` becomes the path and `modified` is cleared. A file that
+/// cannot be opened has its reason too, and changes nothing.
+[[nodiscard]] std::optional<QString> readSystemFile(const QString& path, Program& program);
+
+/// Takes over what was read into other data: the members, `systemFilePath`, the calculation date
+/// and the display options. Clears `modified`; opening the system is the caller's part.
+void takeSystem(Program read, Program& program);
 
 } // namespace quor

@@ -39,4 +39,15 @@ bool openForReading(QFile& file) {
     return QFileInfo(file.fileName()).isFile() && file.open(QIODevice::ReadOnly);
 }
 
+QString whyNotOpened(const QFile& file) {
+    const QFileInfo info(file.fileName());
+    if (!info.exists()) {
+        return u"non esiste"_s;
+    }
+    if (!info.isFile()) {
+        return info.isDir() ? u"è una cartella"_s : u"non è un file di dati"_s; // a pipe, a device
+    }
+    return info.isReadable() ? file.errorString() : u"manca il permesso di leggerlo"_s;
+}
+
 } // namespace quor

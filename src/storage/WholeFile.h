@@ -32,4 +32,8 @@ enum class Readers : std::uint8_t {
 /// fills), which could keep the program waiting.
 [[nodiscard]] bool openForReading(QFile& file);
 
+/// Why `openForReading` did not open the file, in the user's language: the end of a sentence,
+/// without its full stop.
+[[nodiscard]] QString whyNotOpened(const QFile& file);
+
 } // namespace quor

@@ -102,7 +102,7 @@ void TestExportBatch::wrongRequests_data() {
     QTest::newRow("missing") << u"a.bio"_s << QByteArray() << u"out"_s << QString()
                              << u"il file non esiste: "_s;
     QTest::newRow("nobody in it") << u"a.bio"_s << QByteArray("hello\n") << u"out"_s << QString()
-                                  << u"il file non contiene nessuna persona: "_s;
+                                  << u"il file non si può leggere: "_s;
     QTest::newRow("another kind")
         << u"a.txt"_s << good << u"out"_s << QString()
         << u"il file non è né un bioritmo (.bio) né un sistema (.brs): "_s;

@@ -305,13 +305,17 @@ class ReportTest(unittest.TestCase):
 
     def test_what_cannot_be_read(self):
         (self.folder / "vuoto.brs").write_bytes(b"0\r\n")
+        (self.folder / "persona.bio").write_bytes(b'"Anna"\r\n1981-12-25\r\n')
         (self.folder / "cartella.bio").mkdir()
         for file, complaint in (
                 ("manca.bio", "il file non esiste: manca.bio"),
                 ("riga\nnuova\x1b.bio", "il file non esiste: riga?nuova?.bio"),
                 ("/dev/null", "il file non è né un bioritmo (.bio) né un sistema (.brs): /dev/null"),
                 (self.folder / "cartella.bio",
-                 f"il file non si può leggere: {self.folder}/cartella.bio"),
+                 f"il file non si può leggere: {self.folder}/cartella.bio (è una cartella)"),
+                (self.folder / "persona.bio",
+                 f"il file non si può leggere: {self.folder}/persona.bio (la data di nascita, alla "
+                 "riga 2, manca o è danneggiata)"),
                 (self.folder / "vuoto.brs",
                  f"il sistema non contiene nessuna persona: {self.folder}/vuoto.brs")):
             self.assert_fault(1, f"quor: {complaint}\n", "--report", file)

@@ -28,9 +28,13 @@ SLOWER = 8  # is a build with sanitizers
 # of memory in MiB. A start alone takes 60 to 120 MiB.
 LIMITS = {"run": 20, "gap": 4, "peak": 600}
 SMALL = {"run": 10, "gap": 2, "peak": 200}
-WRONG = {"bio": "il file non contiene nessuna persona: {}",
-         "brs": "il sistema non contiene nessuna persona: {}"}
-NOT_READ = "il file non si può leggere: {}"
+WRONG = {"bio": "il nome, alla riga 1, manca o è danneggiato",
+         "brs": "alla riga 1 non c'è un numero di persone da 0 a 32767"}
+NO_PERMISSION = "manca il permesso di leggerlo"
+
+
+def box(file, reason):
+    return f'box Errore|Il file "{file}" non si può aprire:\\n{reason}.'
 
 
 class ReadFaultsTest(Place):
@@ -61,15 +65,20 @@ class ReadFaultsTest(Place):
         count("files")
         return members, longest
 
-    def reach(self, file, start=None):
+    def reach(self, file, reason, start=None):
         """Neither taken from somebody's hand nor from the list, where it does not stay."""
         self.assertEqual(self.open(file, start=start, task="reach"), (0, 0))
         self.assertEqual(self.output.splitlines()[:3], [
-            "not taken", "recent 3", f'box Errore|Il file "{file}" non esiste.'])
+            "not taken", "recent 3", box(file, reason)])
         state = (self.home / "state" / "quor" / "stato.ini").read_text(encoding="utf-8")
         self.assertNotIn(str(file), state)
 
-    def complain(self, file, complaint, start=None):
+    def refuse(self, file, reason, start=None):
+        """Named at the start: a box says why it cannot be opened."""
+        self.assertEqual(self.open(file, start=start), (0, 0))
+        self.assertIn(box(file, reason), self.output.splitlines())
+
+    def complain(self, file, reason, start=None):
         """The runs without a window say what is wrong, and write nothing."""
         out = self.folder / "out"
         for arguments in (["--export", file, "--output", out], ["--report", file]):
@@ -78,7 +87,7 @@ class ReadFaultsTest(Place):
                 [str(BUILD / "quor"), *map(str, arguments)], text=True, preexec_fn=start,
                 env=support.environment(self.home), capture_output=True, timeout=60, check=False)
             self.assertEqual((result.returncode, result.stdout, result.stderr),
-                             (1, "", f"quor: {complaint.format(file)}\n"))
+                             (1, "", f"quor: il file non si può leggere: {file} ({reason})\n"))
             self.assertLess(time.monotonic() - began, SMALL["run"])
             self.assertFalse(out.exists())
 
@@ -91,34 +100,34 @@ class ReadFaultsTest(Place):
             file = self.folder / name
             file.write_bytes(support.person("Maria"))
             file.chmod(0)
-            self.assertEqual(self.open(file, start=support.become_nobody), (0, 0))
+            self.refuse(file, NO_PERMISSION, support.become_nobody)
             self.assertEqual(self.open(file, start=support.become_nobody, task="reach"), (0, 0))
-            self.complain(file, NOT_READ, support.become_nobody)
+            self.complain(file, NO_PERMISSION, support.become_nobody)
 
     def test_folder(self):
         for name in ("persona.bio", "sistema.brs"):
             file = self.folder / name
             file.mkdir()
-            self.assertEqual(self.open(file), (0, 0))
-            self.reach(file)
-            self.complain(file, NOT_READ)
+            self.refuse(file, "è una cartella")
+            self.reach(file, "è una cartella")
+            self.complain(file, "è una cartella")
 
     def test_pipe_that_nobody_fills(self):
         for name in ("persona.bio", "sistema.brs"):
             file = self.folder / name
             os.mkfifo(file)
-            self.assertEqual(self.open(file), (0, 0))
-            self.reach(file)
-            self.complain(file, NOT_READ)
+            self.refuse(file, "non è un file di dati")
+            self.reach(file, "non è un file di dati")
+            self.complain(file, "non è un file di dati")
 
     def test_device_without_end(self):
         for device in ("/dev/zero", "/dev/random"):
             file = self.folder / "sistema.brs"
             file.unlink(missing_ok=True)
             file.symlink_to(device)
-            self.assertEqual(self.open(file), (0, 0))
-            self.reach(file)
-            self.complain(file, NOT_READ)
+            self.refuse(file, "non è un file di dati")
+            self.reach(file, "non è un file di dati")
+            self.complain(file, "non è un file di dati")
 
     def test_link_to_itself(self):
         file = self.folder / "persona.bio"
@@ -171,7 +180,7 @@ class ReadFaultsTest(Place):
             file = self.folder / name
             with open(file, "wb") as sparse:
                 sparse.truncate(2 << 30)
-            self.assertEqual(self.open(file), (0, 0))
+            self.refuse(file, WRONG[file.suffix[1:]])
             self.assertEqual(self.open(file, task="reach"), (0, 0))
             self.complain(file, WRONG[file.suffix[1:]])
 

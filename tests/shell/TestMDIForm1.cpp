@@ -165,17 +165,6 @@ void TestMDIForm1::openingAFileOfToday() {
     QCOMPARE(fixture.panels().at(2), u"Data in esame per il calcolo: 21/11/2026"_s);
 }
 
-void TestMDIForm1::openingAnUnreadableFile() {
-    FrameFixture fixture;
-    const QString path = fixture.folder.path(); // a folder
-    fixture.frame.loadBiorhythmFile(path);
-    // The record is as it was, and yet it is applied with that path.
-    QCOMPARE(fixture.program.state.filePath, path);
-    QVERIFY(!fixture.program.biorhythm.isPresent());
-    QCOMPARE(fixture.panels().constFirst(), u"Nome: "_s);
-    QCOMPARE(fixture.children(), QStringList{u"Grafico di "_s});
-}
-
 void TestMDIForm1::commandLineText() {
     FrameFixture fixture;
     const QString path = fixture.write(u"Anna Bo"_s);

@@ -16,7 +16,6 @@ class TestMDIForm1 : public Test {
     void noViewChosen();
     void openingAFile();
     void openingAFileOfToday();
-    void openingAnUnreadableFile();
     void commandLineText();
     void commandLineWithoutQuotes();
     void openOption();

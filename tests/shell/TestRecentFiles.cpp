@@ -156,11 +156,6 @@ void TestRecentFiles::whatEnters() {
 
 void TestRecentFiles::whatDoesNotEnter() {
     RecentFixture fixture;
-    fixture.frame.loadBiorhythmFile(fixture.folder.path()); // a folder
-    fixture.frame.closeBiorhythm();
-    fixture.expectUpdate(Answer::no);
-    fixture.frame.loadBiorhythmFile(fixture.folder.filePath(u"missing.bio"_s));
-    fixture.frame.closeBiorhythm();
     fixture.enter();
     fixture.expectFile(FileMode::save, {}); // cancelled
     fixture.frame.run(Command::mnuSalvaConNome);
@@ -313,6 +308,87 @@ void TestRecentFiles::aMissingFile() {
     QCOMPARE(fixture.program.biorhythm.name, u"Maria Rossi"_s);
     QCOMPARE(fixture.entries(), listed({u"&1 Lia.bio"_s}));
     QCOMPARE(fixture.state.recentFiles(bio), QStringList{there});
+}
+
+void TestRecentFiles::unreadableFiles_data() {
+    QTest::addColumn<FileKind>("kind");
+    QTest::addColumn<QByteArray>("bytes"); // null: a folder is there instead
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("folder") << bio << QByteArray() << u"è una cartella"_s;
+    QTest::newRow("no name") << bio << QByteArray("Anna\r\n#1981-12-25#\r\n")
+                             << u"il nome, alla riga 1, manca o è danneggiato"_s;
+    QTest::newRow("no birth") << bio << QByteArray("\"Anna\"\r\n#1981-13-25#\r\n")
+                              << u"la data di nascita, alla riga 2, manca o è danneggiata"_s;
+    QTest::newRow("no count") << brs << QByteArray("-1\r\n")
+                              << u"alla riga 1 non c'è un numero di persone da 0 a 32767"_s;
+}
+
+void TestRecentFiles::unreadableFiles() {
+    QFETCH(FileKind, kind);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, reason);
+    RecentFixture fixture;
+    const QString path = fixture.folder.filePath(kind == brs ? u"Rossi.brs"_s : u"Rossi.bio"_s);
+    if (QFile file(path); bytes.isNull()) {
+        QVERIFY(QDir().mkdir(path));
+    } else {
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    const QString text = u"Il file \"%1\" non si può aprire:\n%2."_s.arg(path, reason);
+    fixture.enter();
+    const QStringList children = fixture.children();
+    const Biorhythm before = fixture.program.biorhythm;
+    const auto isUntouched = [&] {
+        const AppState& state = fixture.program.state;
+        return fixture.dialogs.finished() && fixture.children() == children &&
+               fixture.program.biorhythm.name == before.name &&
+               fixture.program.biorhythm.birthDate == before.birthDate && state.modified &&
+               state.filePath.isEmpty() && !state.systemOpen;
+    };
+    // From the list, and as it is named at the start where work was taken back: no question comes.
+    fixture.state.addRecentFile(kind, path);
+    fixture.openMenus();
+    fixture.dialogs.expectBox(u"Errore"_s, text);
+    fixture.choose(0, kind);
+    QVERIFY(isUntouched());
+    for (const auto& [mode, named] :
+         {std::pair{StartMode::openFile, path}, {StartMode::commandLineText, u'"' + path + u'"'}}) {
+        fixture.dialogs.expectBox(u"Errore"_s, text);
+        fixture.frame.start({.mode = mode, .text = named});
+        QVERIFY(isUntouched());
+    }
+    // A folder will never be a file; the others may be mended.
+    QCOMPARE(fixture.entries(kind),
+             bytes.isNull() ? none() : listed({u"&1 "_s + QFileInfo(path).fileName()}));
+
+    // By the command: what was open is closed first, as ever. Nothing opens, nothing is remembered.
+    fixture.state.clearRecentFiles(kind);
+    fixture.expectClosing(Answer::yes);
+    fixture.expectSaving(Answer::no);
+    fixture.dialogs.expectFile(FileMode::open, u"Apri"_s,
+                               kind == brs ? u"Bioritmic Files (*.brs) | *.brs"_s : bioFilter(),
+                               fixture.folder.filePath(u"UserFiles"_s), path);
+    fixture.dialogs.expectBox(u"Errore"_s, text);
+    fixture.frame.run(kind == brs ? Command::mnuApriSistema : Command::mnuApriBioritmo);
+    QVERIFY(fixture.dialogs.finished());
+    QVERIFY(fixture.children().isEmpty() && !fixture.program.biorhythm.isPresent());
+    QVERIFY(!fixture.program.state.systemOpen && fixture.program.state.filePath.isEmpty());
+    QVERIFY(fixture.program.state.systemFilePath.isEmpty());
+    QVERIFY(fixture.state.recentFiles(kind).isEmpty());
+}
+
+void TestRecentFiles::savedIntoTheFileThatIsChosen() {
+    RecentFixture fixture;
+    const QString path = fixture.writeToday(u"Maria Rossi"_s);
+    fixture.frame.loadBiorhythmFile(path);
+    fixture.program.biorhythm.graphDaysAdjust = 7;
+    fixture.program.state.modified = true;
+    fixture.expectClosing(Answer::yes);
+    fixture.expectSaving(Answer::yes);
+    fixture.expectSaved();
+    fixture.choose(0);
+    QVERIFY(fixture.dialogs.finished());
+    QCOMPARE(fixture.program.biorhythm.graphDaysAdjust, std::int16_t{7}); // what was saved
 }
 
 void TestRecentFiles::emptying() {

@@ -21,6 +21,9 @@ class TestRecentFiles : public Test {
     void choosing();
     void choosingASystem();
     void aMissingFile();
+    void unreadableFiles_data();
+    void unreadableFiles();
+    void savedIntoTheFileThatIsChosen();
     void emptying();
     void anotherProgramsFiles();
     void whileOpeningIsLocked();

@@ -186,7 +186,7 @@ void TestRecovery::aSystemIsTakenBack() {
     fixture.dialogs.expectBox(u"Ok"_s, u"Sistema salvato"_s);
     fixture.frame.run(Command::mnuSalvaSistema);
     Program back;
-    readSystemFile(path, back);
+    QVERIFY(!readSystemFile(path, back));
     QVERIFY(back.state.systemMembers == fixture.program.state.systemMembers);
 }
 
@@ -437,8 +437,13 @@ void TestRecovery::whatIsNoFileClosesNothing() {
     state.leavePerson();
     FrameFixture fixture(state.home());
     expectMaria(fixture, recover());
-    fixture.frame.start(
-        {.mode = StartMode::openFile, .text = fixture.folder.filePath(u"UserFiles"_s)});
+    const QString path = fixture.folder.filePath(u"UserFiles"_s);
+    fixture.dialogs.expectBox(
+        u"Errore"_s,
+        u"Il file \"%1\" non si può aprire:\nnon è né un bioritmo (.bio) né un sistema (.brs)."_s
+            .arg(path));
+    fixture.frame.start({.mode = StartMode::openFile, .text = path});
+    QVERIFY(fixture.dialogs.finished());
     QCOMPARE(fixture.program.biorhythm.name, u"Maria Rossi"_s);
 }
 

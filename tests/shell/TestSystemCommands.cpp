@@ -226,6 +226,45 @@ void TestSystemCommands::membersFromFiles() {
     QCOMPARE(fixture.branches().size(), 1);
 }
 
+void TestSystemCommands::refusedFilesChangeNothing_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("name taken")
+        << QByteArray("\"Anna\"\r\n#1990-01-02#\r\n")
+        << u"Esiste già un bioritmo relativo a questo nome. Nessuna azione compiuta."_s;
+    QTest::newRow("birth damaged") // it would be that of the one who came before
+        << QByteArray("\"Carla\"\r\n#1990-01-0x#\r\n")
+        << u"Il file \"%1\" non si può aprire:\nla data di nascita, alla riga 2, manca o è "
+           "danneggiata."_s;
+}
+
+void TestSystemCommands::refusedFilesChangeNothing() {
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, text);
+    Fixture fixture;
+    fixture.openSystemOfTwo();
+    const QString path = fixture.folder.filePath(u"altra.bio"_s);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    file.close();
+    const QStringList panels = fixture.panels();
+    for (const bool modified : {false, true}) {
+        AppState& state = fixture.program.state;
+        state.modified = modified;
+        fixture.expectFile(FileMode::open, path);
+        fixture.dialogs.expectBox(u"Errore"_s, text.contains(u"%1"_s) ? text.arg(path) : text);
+        fixture.press(u"Command2"_s);
+        QVERIFY(fixture.dialogs.finished());
+        QCOMPARE(state.modified, modified);
+        QCOMPARE(state.systemCount, std::int16_t{2});
+        QVERIFY(state.filePath.isEmpty());
+        QCOMPARE(fixture.program.biorhythm.name, u"Bruno"_s);
+        QCOMPARE(toQDate(fixture.program.biorhythm.birthDate), QDate(1981, 12, 25));
+        QCOMPARE(fixture.panels(), panels);
+        QVERIFY(!fixture.frame.findChild<QMenu*>(u"mnuBioritmiRecenti"_s)->isEnabled());
+    }
+}
+
 void TestSystemCommands::theEntryClosesWithTheSystem() {
     Fixture fixture;
     fixture.frame.run(Command::mnuNuovoSistema);

@@ -15,6 +15,8 @@ class TestSystemCommands : public Test {
     void aNameOnlyOnce();
     void aRefusedNameStoresNothing();
     void membersFromFiles();
+    void refusedFilesChangeNothing_data();
+    void refusedFilesChangeNothing();
     void theEntryClosesWithTheSystem();
     void aNewEntryAfterTheSystem();
     void openingAFile();

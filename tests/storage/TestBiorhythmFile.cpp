@@ -56,7 +56,7 @@ void TestBiorhythmFile::defaultsAreWrittenToTheLetter() {
     QVERIFY(!program.state.modified);
 
     Program read = otherProgram();
-    readBiorhythmFile(path, read);
+    QVERIFY(!readBiorhythmFile(path, read));
     QCOMPARE(fields(read.biorhythm), fields(program.biorhythm));
 }
 
@@ -64,7 +64,7 @@ void TestBiorhythmFile::whatIsWrittenIsReadBack() {
     const Files files;
     const QString path = files.write(sample());
     Program program = otherProgram();
-    readBiorhythmFile(path, program);
+    QVERIFY(!readBiorhythmFile(path, program));
 
     const Biorhythm& biorhythm = program.biorhythm;
     QCOMPARE(biorhythm.name, u"Maria Rossi"_s);
@@ -92,12 +92,12 @@ void TestBiorhythmFile::namesWithCommasAndQuotes() {
         program.biorhythm.name = name;
         QCOMPARE(saveBiorhythmFile(path, program), std::nullopt);
         QCOMPARE(program.biorhythm.name, name); // only the file says it otherwise
-        readBiorhythmFile(path, program);
+        QVERIFY(!readBiorhythmFile(path, program));
         QCOMPARE(program.biorhythm.name, back);
     }
     // A file of another program may hold a quote inside the name: it ends the name.
     Program program = otherProgram();
-    readBiorhythmFile(files.write("\"Anna \"la Rossa\"\"\r\n#1981-12-25#\r\n"), program);
+    QVERIFY(!readBiorhythmFile(files.write("\"Anna \"la Rossa\"\"\r\n#1981-12-25#\r\n"), program));
     QCOMPARE(program.biorhythm.name, u"Anna "_s);
     QCOMPARE(toQDate(program.biorhythm.birthDate), QDate(1981, 12, 25));
 }
@@ -113,13 +113,15 @@ void TestBiorhythmFile::truncatedAfterEachLine() {
     QFETCH(int, lines);
     const Files files;
     Program complete = otherProgram();
-    readBiorhythmFile(files.write(sample()), complete);
+    QVERIFY(!readBiorhythmFile(files.write(sample()), complete));
 
     QByteArrayList kept = sample().split('\n').first(lines);
-    Program program = otherProgram();
-    readBiorhythmFile(files.write(kept.join('\n')), program);
+    // Without a person it is no biorhythm.
+    const int taken = lines < 2 ? 0 : lines;
     const QStringList expected =
-        fields(complete.biorhythm).first(lines) + fields(otherProgram().biorhythm).sliced(lines);
+        fields(complete.biorhythm).first(taken) + fields(otherProgram().biorhythm).sliced(taken);
+    Program program = otherProgram();
+    QCOMPARE(readBiorhythmFile(files.write(kept.join('\n')), program).has_value(), taken == 0);
     QCOMPARE(fields(program.biorhythm), expected);
 
     // And cut in the middle of the next line: that field keeps its value too, unless a number
@@ -127,54 +129,84 @@ void TestBiorhythmFile::truncatedAfterEachLine() {
     if (lines < 3) {
         kept << sample().split('\n').at(lines).first(5);
         program = otherProgram();
-        readBiorhythmFile(files.write(kept.join('\n')), program);
+        QCOMPARE(readBiorhythmFile(files.write(kept.join('\n')), program).has_value(), taken == 0);
         QCOMPARE(fields(program.biorhythm), expected);
     }
 }
 
 void TestBiorhythmFile::damagedLinesKeepTheirFields() {
     const Files files;
-    for (int damaged = 0; damaged < 12; ++damaged) {
+    for (int damaged = 2; damaged < 12; ++damaged) {
         QByteArrayList lines = sample().split('\n');
         lines[damaged] = "@@@\r";
         Program complete = otherProgram();
-        readBiorhythmFile(files.write(sample()), complete);
+        QVERIFY(!readBiorhythmFile(files.write(sample()), complete));
         Program program = otherProgram();
-        readBiorhythmFile(files.write(lines.join('\n')), program);
+        QVERIFY(!readBiorhythmFile(files.write(lines.join('\n')), program));
         QStringList expected = fields(complete.biorhythm);
         expected[damaged] = fields(otherProgram().biorhythm)[damaged];
         QCOMPARE(fields(program.biorhythm), expected);
     }
 }
 
+void TestBiorhythmFile::withoutAPersonNothingIsTaken_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+    const QString name = u"il nome, alla riga 1, manca o è danneggiato"_s;
+    const QString birth = u"la data di nascita, alla riga 2, manca o è danneggiata"_s;
+    QTest::newRow("empty") << QByteArray() << name;
+    QTest::newRow("empty line") << QByteArray("\r\n") << name;
+    QTest::newRow("binary") << binaryBytes(100'000) << name;
+    QTest::newRow("zeros") << QByteArray(1000, '\0') << name;
+    QTest::newRow("name without quotes") << "Maria\r\n" + sample().split('\n').at(1) << name;
+    QTest::newRow("birth without signs") << QByteArray("\"Maria\"\r\n1981-12-25\r\n") << birth;
+    QTest::newRow("no such day") << QByteArray("\"Maria\"\r\n#1981-02-30#\r\n") << birth;
+}
+
+void TestBiorhythmFile::withoutAPersonNothingIsTaken() {
+    QFETCH(QByteArray, bytes);
+    const Files files;
+    Program program = otherProgram();
+    QTEST(readBiorhythmFile(files.write(bytes), program).value_or(QString()), "reason");
+    QCOMPARE(fields(program.biorhythm), fields(otherProgram().biorhythm));
+    QVERIFY(program.state.filePath.isEmpty() && program.state.modified);
+}
+
 void TestBiorhythmFile::outOfRangeNumbersKeepTheirFields() {
     const Files files;
     Program program = otherProgram();
-    readBiorhythmFile(files.write("\"M\"\n#1981-12-25#\n#2004-03-15#\n256\n32768\n2147483648\n"
-                                  "-2147483648\n1\n-1\n0\n0\n0\n"),
-                      program);
+    QVERIFY(
+        !readBiorhythmFile(files.write("\"M\"\n#1981-12-25#\n#2004-03-15#\n256\n32768\n2147483648\n"
+                                       "-2147483648\n1\n-1\n0\n0\n0\n"),
+                           program));
     QCOMPARE(program.biorhythm.dayIndexPosition, std::uint8_t{2});
     QCOMPARE(program.biorhythm.graphDaysAdjust, std::int16_t{0});
     QCOMPARE(program.biorhythm.curveColours,
              (std::array<Colour, 5>{0xFF0000, std::numeric_limits<Colour>::min(), 1, -1, 0}));
 
-    readBiorhythmFile(files.write("\"M\"\n#1981-12-25#\n#2004-03-15#\n255\n-32768\n"), program);
+    QVERIFY(!readBiorhythmFile(files.write("\"M\"\n#1981-12-25#\n#2004-03-15#\n255\n-32768\n"),
+                               program));
     QCOMPARE(program.biorhythm.dayIndexPosition, std::uint8_t{255});
     QCOMPARE(program.biorhythm.graphDaysAdjust, std::int16_t{-32768});
 }
 
-void TestBiorhythmFile::withASystemOpenOnlyThePersonIsRead() {
+void TestBiorhythmFile::takenOver() {
     const Files files;
-    Program program = otherProgram();
-    program.state.systemOpen = true;
+    Program read;
     const QString path = files.write(sample());
-    readBiorhythmFile(path, program);
-    QStringList expected = fields(otherProgram().biorhythm);
-    expected[0] = u"Maria Rossi"_s;
-    expected[1] = QString::number(toDateValue(QDate(1981, 12, 25)));
-    QCOMPARE(fields(program.biorhythm), expected);
-    QCOMPARE(program.state.filePath, path);
-    QVERIFY(!program.state.modified);
+    QVERIFY(!readBiorhythmFile(path, read));
+    for (const bool systemOpen : {false, true}) {
+        Program program = otherProgram();
+        program.state.systemOpen = systemOpen;
+        takeBiorhythm(read, program);
+        // A system takes the person only.
+        const QStringList all = fields(read.biorhythm);
+        QCOMPARE(fields(program.biorhythm),
+                 systemOpen ? all.first(2) + fields(otherProgram().biorhythm).sliced(2) : all);
+        QCOMPARE(program.state.filePath, path);
+        QVERIFY(!program.state.modified);
+        QVERIFY(program.biorhythm.openGraph); // what no file holds stays
+    }
 }
 
 void TestBiorhythmFile::filesThatCannotBeOpened() {
@@ -184,36 +216,26 @@ void TestBiorhythmFile::filesThatCannotBeOpened() {
     QVERIFY(QDir().mkdir(folder));
     const QString pipe = files.path(u"pipe.bio"_s);
     QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
-    for (const QString& path : {missing, folder, pipe}) {
+    for (const auto& [path, reason] : {std::pair{missing, u"non esiste"_s},
+                                       {folder, u"è una cartella"_s},
+                                       {pipe, u"non è un file di dati"_s}}) {
         Program program = otherProgram();
-        readBiorhythmFile(path, program);
+        QCOMPARE(readBiorhythmFile(path, program), std::optional(reason));
         QCOMPARE(fields(program.biorhythm), fields(otherProgram().biorhythm));
-        QCOMPARE(program.state.filePath, path);
-        QVERIFY(!program.state.modified);
-    }
-}
-
-void TestBiorhythmFile::binaryAndEmptyFiles() {
-    const Files files;
-    for (const QByteArray& bytes :
-         {QByteArray(), binaryBytes(100'000), QByteArray(1000, '\0'), QByteArray("\r\n")}) {
-        Program program = otherProgram();
-        readBiorhythmFile(files.write(bytes), program);
-        QCOMPARE(fields(program.biorhythm), fields(otherProgram().biorhythm));
+        QVERIFY(program.state.filePath.isEmpty() && program.state.modified);
     }
 }
 
 void TestBiorhythmFile::aHugeFileIsReadInBoundedTime() {
     const Files files;
     // A hundred megabytes without a line end, as a hole that takes no room on the disk.
-    const QString path = files.write("\"Maria Rossi\"\r\n");
+    const QString path = files.write("\"Maria Rossi\"\r\n#1981-12-25#\r\n");
     QFile file(path);
     QVERIFY(file.resize(100'000'000));
     Program program = otherProgram();
-    readBiorhythmFile(path, program);
-    QStringList expected = fields(otherProgram().biorhythm);
-    expected[0] = u"Maria Rossi"_s;
-    QCOMPARE(fields(program.biorhythm), expected);
+    QVERIFY(!readBiorhythmFile(path, program));
+    QCOMPARE(program.biorhythm.name, u"Maria Rossi"_s);
+    QCOMPARE(fields(program.biorhythm).sliced(2), fields(otherProgram().biorhythm).sliced(2));
 }
 
 void TestBiorhythmFile::aFailedSaveKeepsTheOldFile() {
@@ -253,7 +275,7 @@ void TestBiorhythmFile::samplesOpen() {
     for (const QString& name : names) {
         Program program = otherProgram();
         const QString path = examples.filePath(name);
-        readBiorhythmFile(path, program);
+        QVERIFY(!readBiorhythmFile(path, program));
         QCOMPARE(program.biorhythm.name, QFileInfo(name).completeBaseName());
         const Files files;
         const QString copy = files.path(name);

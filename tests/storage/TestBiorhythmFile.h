@@ -15,9 +15,10 @@ class TestBiorhythmFile : public Test {
     void truncatedAfterEachLine();
     void damagedLinesKeepTheirFields();
     void outOfRangeNumbersKeepTheirFields();
-    void withASystemOpenOnlyThePersonIsRead();
+    void withoutAPersonNothingIsTaken_data();
+    void withoutAPersonNothingIsTaken();
+    void takenOver();
     void filesThatCannotBeOpened();
-    void binaryAndEmptyFiles();
     void aHugeFileIsReadInBoundedTime();
     void aFailedSaveKeepsTheOldFile();
     void savingKeepsTheFilePath();

@@ -68,7 +68,13 @@ void TestNamedFile::faults_data() {
         << u"il file non è né un bioritmo (.bio) né un sistema (.brs): "_s;
     QTest::newRow("a folder") << u"."_s << QByteArray()
                               << u"il file non è né un bioritmo (.bio) né un sistema (.brs): "_s;
-    QTest::newRow("nobody") << u"a.bio"_s << QByteArray("")
+    QTest::newRow("empty") << u"a.bio"_s << QByteArray("")
+                           << u"il file non si può leggere: %1 (il nome, alla riga 1, manca o è "
+                              "danneggiato)"_s;
+    QTest::newRow("no count") << u"a.brs"_s << QByteArray("tre\r\n")
+                              << u"il file non si può leggere: %1 (alla riga 1 non c'è un numero "
+                                 "di persone da 0 a 32767)"_s;
+    QTest::newRow("nobody") << u"a.bio"_s << QByteArray("\"\"\r\n#1899-12-30#\r\n")
                             << u"il file non contiene nessuna persona: "_s;
     QTest::newRow("empty system") << u"a.brs"_s << QByteArray("0\r\n")
                                   << u"il sistema non contiene nessuna persona: "_s;
@@ -83,11 +89,13 @@ void TestNamedFile::faults() {
     const Folder folder;
     const QString file = content.isNull() ? folder.path(name) : folder.write(name, content);
     Program program;
-    QCOMPARE(openNamedFile(file, program), std::optional(fault + file));
+    QCOMPARE(openNamedFile(file, program),
+             std::optional(fault.contains(u"%1"_s) ? fault.arg(file) : fault + file));
 
     QVERIFY(QDir().mkpath(folder.path(u"dir.bio"_s)));
     QCOMPARE(openNamedFile(folder.path(u"dir.bio"_s), program),
-             std::optional(u"il file non si può leggere: "_s + folder.path(u"dir.bio"_s)));
+             std::optional(u"il file non si può leggere: %1 (è una cartella)"_s.arg(
+                 folder.path(u"dir.bio"_s))));
 }
 
 } // namespace quor::test
