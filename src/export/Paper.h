@@ -1,10 +1,13 @@
 #pragma once
 
+#include "toolkit/Dialogs.h"
+
 #include <QByteArray>
 #include <QDialog>
 #include <QSizeF>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 /// What is made of finished pages: a window that shows them, and paper.
@@ -17,7 +20,13 @@ namespace quor {
 /// Pages as they come from the engine.
 struct PrintableDocument {
     QByteArray pdf;
-    QString name; ///< what the print queue shows, and the file that is proposed
+    QString name;  ///< what the print queue shows, and the file that is proposed
+    Sheet sheet{}; ///< what they are laid out for
+    /// Lays the same page out anew and hands on its pages, later. What goes wrong is told in a box
+    /// over the window, if that is still there.
+    std::function<void(QWidget* window, const Sheet& sheet,
+                       const std::function<void(const QByteArray& pdf)>& then)>
+        layOut{};
 };
 
 /// A window with pages. It stays open beside its parent and is deleted when it closes.

@@ -12,7 +12,7 @@ namespace quor {
 namespace {
 
 // A document of this kind ends with a table of its objects, a trailer that names the topmost one,
-// and the place of the table. Whoever appends newer objects with a table of their own, and the
+// and the place of the table. Newer objects that are appended with a table of their own, and the
 // place of the older table, has changed the document: a reader starts at the end.
 
 /// Reads the document as far as it has to be known: the objects of the tree of pages.
@@ -40,6 +40,11 @@ class Structure {
     [[nodiscard]] int root() const { return m_root; }
     [[nodiscard]] int table() const { return m_table; }
     [[nodiscard]] int tree() const { return m_tree; }
+    /// What an object holds, between the lines that frame it.
+    [[nodiscard]] QByteArray content(int objectNumber) const {
+        const QString text = object(objectNumber);
+        return text.sliced(text.indexOf(u"obj"_s) + 3).trimmed().toLatin1();
+    }
     /// Object numbers of the pages, in their order.
     [[nodiscard]] const QList<int>& pages() const { return m_pages; }
 
@@ -96,34 +101,47 @@ std::optional<QByteArray> selectPages(const QByteArray& pdf, std::span<const Pag
     if (!structure.isKnown()) {
         return {};
     }
-    QByteArray kids;
-    int count = 0;
+    QList<int> chosen;
     for (const PageSpan& span : spans) {
         for (int page = std::max(span.first, 1);
              page <= std::min(span.last, static_cast<int>(structure.pages().size())); ++page) {
-            kids += QByteArray::number(structure.pages().at(page - 1)) + " 0 R ";
-            ++count;
+            chosen << structure.pages().at(page - 1);
         }
     }
-    if (count == 0) {
+    if (chosen.isEmpty()) {
         return {};
     }
-    const QByteArray tree = QByteArray::number(structure.tree());
     QByteArray result = pdf;
     if (!result.endsWith('\n')) {
         result += '\n';
     }
-    constexpr int placeDigits = 10;
+    QByteArray table = "xref\n";
+    const auto add = [&result, &table](int objectNumber, const QByteArray& content) {
+        constexpr int placeDigits = 10;
+        const QByteArray number = QByteArray::number(objectNumber);
+        table += number + " 1\n" +
+                 QByteArray::number(result.size()).rightJustified(placeDigits, '0') + " 00000 n \n";
+        result += number + " 0 obj\n" + content + "\nendobj\n";
+    };
+    QByteArray kids;
+    int size = structure.size();
+    QSet<int> used;
+    for (int page : chosen) {
+        if (used.contains(
+                page)) { // no page stands twice in the tree: a copy has a number of its own
+            add(size, structure.content(page));
+            page = size++;
+        }
+        used.insert(page);
+        kids += QByteArray::number(page) + " 0 R ";
+    }
+    add(structure.tree(), "<</Type /Pages\n/Count " + QByteArray::number(chosen.size()) +
+                              "\n/Kids [" + kids.trimmed() + "]>>");
     const qsizetype place = result.size();
-    result += tree + " 0 obj\n<</Type /Pages\n/Count " + QByteArray::number(count) + "\n/Kids [" +
-              kids.trimmed() + "]>>\nendobj\n";
-    const qsizetype table = result.size();
-    result += "xref\n" + tree + " 1\n" +
-              QByteArray::number(place).rightJustified(placeDigits, '0') + " 00000 n \n" +
-              "trailer\n<</Size " + QByteArray::number(structure.size()) + "\n/Root " +
+    result += table + "trailer\n<</Size " + QByteArray::number(size) + "\n/Root " +
               QByteArray::number(structure.root()) + " 0 R\n/Prev " +
               QByteArray::number(structure.table()) + ">>\nstartxref\n" +
-              QByteArray::number(table) + "\n%%EOF\n";
+              QByteArray::number(place) + "\n%%EOF\n";
     return result;
 }
 

@@ -5,6 +5,7 @@
 
 #include <span>
 
+class QPageLayout;
 class QPdfDocument;
 class QPrinter;
 class QWidget;
@@ -12,11 +13,14 @@ class QWidget;
 /// Printing of finished pages.
 namespace quor {
 
-/// Asks where and how, and prints. A file gets the very pages; a print queue gets the very file,
-/// handed over in the background; where there is no print system to hand it to, the pages are
-/// painted. What goes wrong is told in a box.
+/// Asks where and how, and prints. Pages that were laid out for another sheet are laid out anew. A
+/// file gets the very pages; a print queue gets the very file, handed over in the background; where
+/// there is no print system to hand it to, the pages are painted. What goes wrong is told in a box.
 /// @param parent of the boxes; may go before the handing over is done
 void printDocument(QWidget* parent, const PrintableDocument& document);
+
+/// The same in the words of Qt.
+[[nodiscard]] QPageLayout layoutOf(const Sheet& sheet);
 
 /// Paints pages on a printer, each as large as its sheet allows.
 /// @param spans empty for all pages

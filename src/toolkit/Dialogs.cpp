@@ -15,6 +15,8 @@
 #include <QPushButton>
 #include <QStyle>
 
+#include <cmath>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -163,6 +165,16 @@ DialogHost*& currentHost() {
 }
 
 } // namespace
+
+bool Sheet::isLike(const Sheet& other) const {
+    constexpr double visible = 0.5; // millimetres
+    const auto near = [](double one, double another) { return std::abs(one - another) < visible; };
+    return grey == other.grey && near(paper.width(), other.paper.width()) &&
+           near(paper.height(), other.paper.height()) &&
+           near(margins.left(), other.margins.left()) && near(margins.top(), other.margins.top()) &&
+           near(margins.right(), other.margins.right()) &&
+           near(margins.bottom(), other.margins.bottom());
+}
 
 DialogHost& dialogHost() {
     return *currentHost();

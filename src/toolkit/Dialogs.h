@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QColor>
+#include <QMarginsF>
+#include <QSizeF>
 #include <QString>
 #include <QStringList>
 
@@ -45,11 +47,22 @@ struct FileRequest {
     QString folder;
 };
 
+/// A sheet of paper and how it is used. Lengths are millimetres.
+struct Sheet {
+    QSizeF paper{210, 297}; ///< as it is read: one that lies across is wider than high
+    QMarginsF margins{10, 10, 10, 10};
+    bool grey = false; ///< without colours
+
+    /// Nothing that could be seen differs.
+    [[nodiscard]] bool isLike(const Sheet& other) const;
+};
+
 /// What is to be printed.
 struct PrintRequest {
     QString title;     ///< of the dialog
     QString document;  ///< name of the document, and of the file that is proposed for it
     int pageCount = 1; ///< a choice of pages is offered only when there is one
+    Sheet sheet{};     ///< what the pages are laid out for, proposed for a file
 };
 
 /// Pages from `first` to `last`, both counted from 1 and included.
@@ -68,6 +81,8 @@ struct PrintChoice {
     bool collate = true;
     std::vector<PageSpan> pages{}; ///< empty for all
     QStringList options{};         ///< of the print queue: "sides=two-sided-long-edge"
+    Sheet sheet{};
+    bool reverse = false; ///< the last page first
 };
 
 class DialogHost {

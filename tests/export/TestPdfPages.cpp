@@ -4,6 +4,8 @@
 
 #include "export/PrintingFixture.h"
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace quor::test {
@@ -38,6 +40,16 @@ void TestPdfPages::keepsPagesOfASelection() {
     const std::vector<PageSpan> lastTwo{{.first = 2, .last = 3}};
     const QByteArray pdf = selectPages(threePages(), lastTwo).value();
     QCOMPARE(selected(pdf, {{.first = 2, .last = 2}}), QStringList({u"tre"_s}));
+}
+
+void TestPdfPages::repeatsPagesUnderNumbersOfTheirOwn() {
+    const std::vector<PageSpan> twice{{.first = 2, .last = 3}, {.first = 2, .last = 3}};
+    const QByteArray pdf = selectPages(threePages(), twice).value();
+    QCOMPARE(textsOf(pdf), QStringList({u"due"_s, u"tre"_s, u"due"_s, u"tre"_s}));
+    const QByteArray kids = pdf.sliced(pdf.lastIndexOf("/Kids [") + 7);
+    const QList<QByteArray> numbers = kids.first(kids.indexOf(']')).split('R');
+    QCOMPARE(QSet<QByteArray>(numbers.begin(), numbers.end()).size(), numbers.size());
+    QCOMPARE(selected(pdf, {{.first = 4, .last = 4}}), QStringList({u"tre"_s}));
 }
 
 void TestPdfPages::ignoresPagesThatAreNotThere() {

@@ -11,6 +11,7 @@ class TestPdfPages : public Test {
     void allPagesAreTheSameBytes();
     void keepsChosenPagesInTheirOrder();
     void keepsPagesOfASelection();
+    void repeatsPagesUnderNumbersOfTheirOwn();
     void ignoresPagesThatAreNotThere();
     void givesUpOnOtherFiles();
     void endsOnATreeThatBitesItsTail();

@@ -9,15 +9,20 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDoubleSpinBox>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPageRanges>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 #include <sys/stat.h>
@@ -103,6 +108,76 @@ void TestPrintDocument::aFileGetsChosenPages() {
                 PrintChoice{.printer = {}, .file = file, .pages = {{.first = 2, .last = 2}}});
     printDocument(nullptr, twoPages());
     QCOMPARE(textsOf(contentOf(file)), QStringList({u"due"_s}));
+}
+
+void TestPrintDocument::aFileGetsItsCopies_data() {
+    QTest::addColumn<bool>("collate");
+    QTest::addColumn<bool>("reverse");
+    QTest::addColumn<QString>("pages");
+    QTest::newRow("collated") << true << false << u"uno due uno due"_s;
+    QTest::newRow("page by page") << false << false << u"uno uno due due"_s;
+    QTest::newRow("the last one first") << true << true << u"due uno due uno"_s;
+}
+
+void TestPrintDocument::aFileGetsItsCopies() {
+    QFETCH(const bool, collate);
+    QFETCH(const bool, reverse);
+    QFETCH(const QString, pages);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"pagine.pdf"_s);
+    ScriptedDialogs dialogs;
+    expectPrint(
+        dialogs,
+        PrintChoice{
+            .printer = {}, .file = file, .copies = 2, .collate = collate, .reverse = reverse});
+    printDocument(nullptr, twoPages());
+    QCOMPARE(textsOf(contentOf(file)).join(u' '), pages);
+}
+
+void TestPrintDocument::anotherSheetIsLaidOutAnew() {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"pagine.pdf"_s);
+    std::vector<Sheet> asked;
+    PrintableDocument document = twoPages();
+    const QByteArray anew = pdfWithPages({u"tutto"_s});
+    document.layOut = [&](QWidget* /*window*/, const Sheet& sheet, const auto& then) {
+        asked.push_back(sheet);
+        then(anew);
+    };
+    const auto printWith = [&](const Sheet& sheet) {
+        ScriptedDialogs dialogs;
+        expectPrint(dialogs, PrintChoice{.printer = {}, .file = file, .sheet = sheet});
+        printDocument(nullptr, document);
+        return contentOf(file);
+    };
+    const Sheet nearlyTheSame{.paper = {209.9, 297.04}, .margins = {10, 10.1, 9.9, 10}};
+    QCOMPARE(printWith(nearlyTheSame), document.pdf);
+    QVERIFY(asked.empty());
+    for (const Sheet& other :
+         {Sheet{.paper = {297, 210}}, Sheet{.margins = {10, 10, 10, 20}}, Sheet{.grey = true}}) {
+        QCOMPARE(printWith(other), anew);
+        QVERIFY(asked.back().isLike(other));
+    }
+    QCOMPARE(asked.size(), 3U);
+}
+
+void TestPrintDocument::pagesThatTheSheetDoesNotHaveAreReported() {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"pagine.pdf"_s);
+    ScriptedDialogs dialogs;
+    PrintableDocument document = twoPages();
+    document.layOut = [](QWidget* /*window*/, const Sheet& /*sheet*/, const auto& then) {
+        then(pdfWithPages({u"tutto"_s}));
+    };
+    expectPrint(dialogs, PrintChoice{.printer = {},
+                                     .file = file,
+                                     .pages = {{.first = 2, .last = 2}},
+                                     .sheet = {.grey = true}});
+    dialogs.expectBox(u"Stampa"_s,
+                      u"Su questo foglio le pagine sono 1: di quelle scelte non ce n'è nessuna."_s);
+    printDocument(nullptr, document);
+    QVERIFY(dialogs.finished());
+    QVERIFY(!QFileInfo::exists(file));
 }
 
 void TestPrintDocument::aFileThatCannotBeWrittenIsReported() {
@@ -290,7 +365,116 @@ void TestPrintDocument::readsTheChoiceOfAPrinter() {
     QVERIFY(choice.pages == expected);
 }
 
-/// The toolkit's own dialog, and a name with the character that ends names: it warns of the file
+void TestPrintDocument::readsTheSheetOfAPrinter() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(u"/tmp/pagine.pdf"_s);
+    const Sheet across{.paper = {210, 148}, .margins = {10, 20, 30, 40}, .grey = true};
+    printer.setPageLayout(layoutOf(across));
+    printer.setColorMode(QPrinter::GrayScale);
+    printer.setCopyCount(3);
+    printer.setPageOrder(QPrinter::LastPageFirst);
+    const PrintChoice choice = printChoice(printer, 1);
+    QVERIFY(choice.sheet.isLike(across));
+    QCOMPARE(printer.pageLayout().pageSize().id(), QPageSize::A5);
+    QCOMPARE(choice.copies, 3);
+    QVERIFY(choice.reverse);
+}
+
+namespace {
+
+/// Opens the print dialog, has it used, and says what was chosen.
+std::optional<PrintChoice> inTheDialog(const QTemporaryDir& folder,
+                                       const std::function<void(QDialog&)>& use) {
+    QTimer::singleShot(0, QCoreApplication::instance(), [&folder, use] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        dialog->findChild<QLineEdit*>(u"filename"_s)->setText(folder.filePath(u"pagine.pdf"_s));
+        use(*dialog);
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    });
+    return showSystemPrintDialog(nullptr, {.title = u"Stampa"_s, .document = {}, .pageCount = 2});
+}
+
+/// Opens the properties from the print dialog and accepts them.
+void inTheProperties(const QDialog& dialog, const std::function<void(QDialog&)>& use) {
+    QTimer::singleShot(0, QCoreApplication::instance(), [use] {
+        auto* properties = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        use(*properties);
+        properties->accept();
+    });
+    dialog.findChild<QPushButton*>(u"properties"_s)->click();
+}
+
+} // namespace
+
+void TestPrintDocument::offersAFileWhatItCanHave() {
+    const QTemporaryDir folder;
+    QStringList hidden;
+    QStringList tabs;
+    QStringList sizes;
+    const auto choice = inTheDialog(folder, [&](QDialog& dialog) {
+        for (const auto* control : dialog.findChildren<QWidget*>()) {
+            if (control->isHidden() && !control->objectName().isEmpty()) {
+                hidden << control->objectName();
+            }
+        }
+        inTheProperties(dialog, [&](QDialog& properties) {
+            const auto* pages = properties.findChild<QTabWidget*>(u"tabs"_s);
+            for (int i = 0; i < pages->count(); ++i) {
+                tabs << (pages->isTabVisible(i) ? pages->tabText(i) : QString());
+            }
+            QVERIFY(properties.findChild<QWidget*>(u"pagesPerSheetButtonGroup"_s)->isHidden());
+            auto* combo = properties.findChild<QComboBox*>(u"pageSizeCombo"_s);
+            for (int i = 0; i < combo->count(); ++i) {
+                if (combo->model()->flags(combo->model()->index(i, 0)) & Qt::ItemIsEnabled) {
+                    sizes << combo->itemData(i).value<QPageSize>().key();
+                }
+            }
+            combo->setCurrentIndex(combo->findData(QVariant::fromValue(QPageSize(QPageSize::A5))));
+            properties.findChild<QRadioButton*>(u"landscape"_s)->click();
+            properties.findChild<QDoubleSpinBox*>(u"leftMargin"_s)->setValue(25);
+        });
+        dialog.findChild<QRadioButton*>(u"grayscale"_s)->setChecked(true);
+        dialog.findChild<QSpinBox*>(u"copies"_s)->setValue(2);
+    });
+    for (const QString& name : {u"duplex"_s, u"pageSetCombo"_s, u"pagesRadioButton"_s}) {
+        QVERIFY2(hidden.contains(name), qPrintable(name));
+    }
+    QCOMPARE(tabs.count(QString()), tabs.size() - 1);
+    QVERIFY(!tabs.constFirst().isEmpty());
+    QVERIFY(sizes.contains(u"A4"_s) && sizes.contains(u"A6"_s));
+    QVERIFY(!sizes.contains(u"A8"_s));
+    QVERIFY(choice.has_value());
+    QVERIFY(choice->sheet.isLike({.paper = {210, 148}, .margins = {25, 10, 10, 10}, .grey = true}));
+    QCOMPARE(choice->copies, 2);
+}
+
+void TestPrintDocument::asksAgainWhenTheSheetIsTooSmall() {
+    const QTemporaryDir folder;
+    ScriptedDialogs dialogs;
+    dialogs.expectBox(u"Errore"_s,
+                      u"Fra i margini restano 50 x 277 mm, e la pagina ne chiede almeno 80 x 60.\n"
+                      "Scegliere un foglio più grande o margini più piccoli."_s);
+    const auto choice = inTheDialog(folder, [](QDialog& dialog) {
+        inTheProperties(dialog, [](QDialog& properties) {
+            properties.findChild<QDoubleSpinBox*>(u"leftMargin"_s)->setValue(150);
+        });
+        // Once more, after the box.
+        QTimer::singleShot(0, &dialog, [&dialog] {
+            QTimer::singleShot(0, &dialog, [&dialog] {
+                inTheProperties(dialog, [](QDialog& properties) {
+                    properties.findChild<QDoubleSpinBox*>(u"leftMargin"_s)->setValue(20);
+                });
+                dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+            });
+        });
+    });
+    QVERIFY(dialogs.finished());
+    QVERIFY(choice.has_value());
+    QVERIFY(choice->sheet.isLike({.margins = {20, 10, 10, 10}}));
+}
+
+/// Qt's own dialog, and a name with the character that ends names: it warns of the file
 /// that it asks for.
 void TestPrintDocument::theNameOfAFileIsOneThatAFileCanHave() {
     QString name = u"nobody was asked"_s;
@@ -308,7 +492,7 @@ void TestPrintDocument::theNameOfAFileIsOneThatAFileCanHave() {
     QCOMPARE(name, u"dopo"_s);
 }
 
-/// The toolkit's own dialog opens the file to see whether it can be written.
+/// Qt's own dialog opens the file to see whether it can be written.
 void TestPrintDocument::nobodyWaitsForAPipe() {
     const QTemporaryDir folder;
     const QString pipe = folder.filePath(u"tubo.pdf"_s);

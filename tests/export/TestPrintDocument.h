@@ -12,6 +12,10 @@ class TestPrintDocument : public Test {
     void cancelledPrintsNothing();
     void aFileGetsTheVeryPages();
     void aFileGetsChosenPages();
+    void aFileGetsItsCopies_data();
+    void aFileGetsItsCopies();
+    void anotherSheetIsLaidOutAnew();
+    void pagesThatTheSheetDoesNotHaveAreReported();
     void aFileThatCannotBeWrittenIsReported();
     void nothingButAFileMakesWay();
     void pagesThatCannotBeChosenArePainted();
@@ -22,6 +26,9 @@ class TestPrintDocument : public Test {
     void unreadablePagesAreReported();
     void paintsPagesOnAPrinter();
     void readsTheChoiceOfAPrinter();
+    void readsTheSheetOfAPrinter();
+    void offersAFileWhatItCanHave();
+    void asksAgainWhenTheSheetIsTooSmall();
     void theNameOfAFileIsOneThatAFileCanHave();
     void nobodyWaitsForAPipe();
 };

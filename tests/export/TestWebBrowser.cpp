@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QUrl>
 
+#include <cmath>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -301,6 +302,25 @@ void TestWebBrowser::rendersForReal() {
         PrintChoice{.printer = {}, .file = chosen, .pages = {{.first = 2, .last = 3}}});
     browser.print();
     QCOMPARE(textsOf(contentOf(chosen)), QStringList({u"seconda"_s, u"terza"_s}));
+
+    // On another sheet; its window may be gone before.
+    const QString across = folder.filePath(u"orizzontale.pdf"_s);
+    dialogs.expectPrint(u"Stampa"_s, u"una pagina"_s, 3,
+                        PrintChoice{.printer = {}, .file = across, .sheet = {.paper = {210, 148}}});
+    {
+        WebBrowser brief;
+        brief.setRenderer(QStringLiteral(QUOR_RENDERER));
+        QSignalSpy loaded(&brief, &WebBrowser::documentComplete);
+        brief.navigate(QUrl::fromLocalFile(page));
+        QVERIFY(loaded.wait(patience));
+        brief.print();
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(across), patience);
+    QCOMPARE(textsOf(contentOf(across)), QStringList({u"Niccolò"_s, u"seconda"_s, u"terza"_s}));
+    QPdfDocument pages;
+    pages.load(across);
+    const QSizeF difference = pages.pagePointSize(0) - QSizeF(210, 148) * (72 / 25.4);
+    QVERIFY(std::abs(difference.width()) < 1 && std::abs(difference.height()) < 1);
 
     browser.navigate(QUrl::fromLocalFile(folder.filePath(u"manca.html"_s)));
     QVERIFY(failed.wait(patience));

@@ -30,16 +30,33 @@ std::optional<QSizeF> parsePaper(const QString& text) {
     return paper;
 }
 
-std::optional<double> parseMargin(const QString& text) {
-    static const QRegularExpression number(u"^\\d+(?:\\.\\d+)?$"_s);
-    return number.match(text).hasMatch() ? std::optional(text.toDouble()) : std::nullopt;
+/// One for all sides, or left, top, right, bottom.
+std::optional<QMarginsF> parseMargins(const QString& text) {
+    static const QRegularExpression numbers(u"^\\d+(?:\\.\\d+)?(?:(?:,\\d+(?:\\.\\d+)?){3})?$"_s);
+    if (!numbers.match(text).hasMatch()) {
+        return {};
+    }
+    const QStringList sides = text.split(u',');
+    const auto side = [&sides](qsizetype i) {
+        return sides.value(i, sides.constFirst()).toDouble();
+    };
+    return QMarginsF(side(0), side(1), side(2), side(3));
+}
+
+bool leavesRoom(const QSizeF& paper, const QMarginsF& margins) {
+    const QSizeF text = paper.shrunkBy(margins);
+    return std::min(text.width(), text.height()) >= smallestText;
 }
 
 } // namespace
 
 Arguments parseArguments(const QStringList& words) {
-    Arguments arguments{
-        .help = false, .fault = {}, .page = {}, .pdf = {}, .paper = a4, .margin = usualMargin};
+    Arguments arguments{.help = false,
+                        .fault = {},
+                        .page = {},
+                        .pdf = {},
+                        .paper = a4,
+                        .margins = {usualMargin, usualMargin, usualMargin, usualMargin}};
     const auto wrong = [&arguments](const QString& fault) {
         arguments.fault = fault;
         return arguments;
@@ -62,11 +79,13 @@ Arguments parseArguments(const QStringList& words) {
             }
             arguments.paper = *paper;
         } else if (word == u"--margin"_s) {
-            const auto margin = parseMargin(words.value(++i));
-            if (!margin) {
-                return wrong(u"--margin vuole un numero di millimetri"_s);
+            const auto margins = parseMargins(words.value(++i));
+            if (!margins) {
+                return wrong(u"--margin vuole un numero di millimetri, o quattro"_s);
             }
-            arguments.margin = *margin;
+            arguments.margins = *margins;
+        } else if (word == u"--grey"_s) {
+            arguments.grey = true;
         } else {
             return wrong(u"opzione sconosciuta: %1"_s.arg(word));
         }
@@ -75,8 +94,7 @@ Arguments parseArguments(const QStringList& words) {
     if (files.size() != fileCount || files.constFirst().isEmpty() || files.constLast().isEmpty()) {
         return wrong(u"servono la pagina e il file da scrivere"_s);
     }
-    if (std::min(arguments.paper.width(), arguments.paper.height()) - 2 * arguments.margin <
-        smallestText) {
+    if (!leavesRoom(arguments.paper, arguments.margins)) {
         return wrong(u"i margini non lasciano posto alla pagina"_s);
     }
     arguments.page = files.constFirst();
@@ -91,7 +109,10 @@ QString usageText() {
            "vengono eseguiti; della rete, e dei file fuori dalla sua cartella, non legge nulla.\n"
            "\n"
            "  --paper LxA   foglio in millimetri (210x297 se non indicato)\n"
-           "  --margin M    margine in millimetri (10 se non indicato)\n"
+           "  --margin M    margine in millimetri (10 se non indicato); anche quattro, separati da "
+           "virgole:\n"
+           "                sinistra, sopra, destra, sotto\n"
+           "  --grey        senza colori\n"
            "  --help        mostra queste righe\n"
            "\n"
            "Termina con 0 se il file è scritto, 1 se la pagina manca o non si può impaginare,\n"

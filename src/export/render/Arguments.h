@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMarginsF>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
@@ -17,11 +18,12 @@ enum ExitCode : int {
 
 struct Arguments {
     bool help = false;
-    QString fault; ///< why the command line is wrong; empty when it is right
-    QString page;  ///< path of the page
-    QString pdf;   ///< path of the file to write
-    QSizeF paper;  ///< millimetres
-    double margin; ///< millimetres on each side
+    QString fault;     ///< why the command line is wrong; empty when it is right
+    QString page;      ///< path of the page
+    QString pdf;       ///< path of the file to write
+    QSizeF paper;      ///< millimetres
+    QMarginsF margins; ///< millimetres
+    bool grey = false; ///< without colours
 };
 
 /// @param words the command line without the program's name

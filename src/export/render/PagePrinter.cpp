@@ -7,6 +7,7 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QUrl>
+#include <QWebEngineScript>
 #include <QWebEngineSettings>
 
 #include <algorithm>
@@ -41,6 +42,55 @@ bool namesItsCharacterSet(const QByteArray& page) {
            page.startsWith("\xEF\xBB\xBF"); // of UTF-8
 }
 
+/// Fits the page to a sheet with room for so many pixels: smaller where its widest row or its
+/// highest picture has no place, and no section on two sheets that has place on one.
+const QString fitToSheet = uR"(
+{
+    const width = %1, height = %2;
+    const body = document.body.style;
+    body.width = 'min-content';
+    const widest = document.body.getBoundingClientRect().width;
+    body.width = '';
+    const heading = 60;
+    const highest = Math.max(...Array.from(document.images, (image) => image.height), 0) + heading;
+    const margin = 0.05; // that of the page; the other one may be used up
+    const zoom = Math.min(1, (1 - margin) * width / widest, height / highest);
+    if (zoom < 1) {
+        document.documentElement.style.zoom = zoom;
+    }
+    for (const section of document.querySelectorAll('TABLE.c1')) {
+        section.style.breakInside = 'avoid';
+    }
+}
+)"_s;
+
+/// Gives texts, lines and backgrounds the grey of their colour, so that texts stay texts, and has
+/// the engine do the same with pictures.
+const QString takeColours = uR"(
+for (const element of document.querySelectorAll('*')) {
+    const style = getComputedStyle(element);
+    for (const property of ['color', 'background-color', 'border-top-color', 'border-right-color',
+                            'border-bottom-color', 'border-left-color']) {
+        const grey = style.getPropertyValue(property).replace(
+            /(\d+), (\d+), (\d+)/, (all, red, green, blue) => {
+                const light = Math.round(0.2126 * red + 0.7152 * green + 0.0722 * blue);
+                return `${light}, ${light}, ${light}`;
+            });
+        element.style.setProperty(property, grey, 'important');
+    }
+    if (element.tagName === 'IMG') {
+        element.style.setProperty('filter', 'grayscale(1)', 'important');
+    }
+}
+)"_s;
+
+QString preparation(const Arguments& arguments) {
+    constexpr double pixelsPerMillimetre = 96 / 25.4;
+    const QSizeF room = arguments.paper.shrunkBy(arguments.margins) * pixelsPerMillimetre;
+    return fitToSheet.arg(room.width()).arg(room.height()) +
+           (arguments.grey ? takeColours : QString());
+}
+
 } // namespace
 
 LoadedPage::LoadedPage(QWebEngineProfile* profile)
@@ -65,7 +115,9 @@ PagePrinter::PagePrinter(Arguments arguments)
         &m_page, &QWebEnginePage::loadFinished, this,
         [this](bool ok) {
             if (ok) {
-                print();
+                // In a world of its own: the page's scripts stay off.
+                m_page.runJavaScript(preparation(m_arguments), QWebEngineScript::ApplicationWorld,
+                                     [this](const QVariant& /*nothing*/) { print(); });
             } else {
                 emit finished(pageFailed, u"la pagina non si può caricare"_s);
             }
@@ -95,9 +147,8 @@ void PagePrinter::start() {
 }
 
 void PagePrinter::print() {
-    const QPageSize paper(m_arguments.paper, QPageSize::Millimeter);
-    const double margin = m_arguments.margin;
-    const QPageLayout layout(paper, QPageLayout::Portrait, {margin, margin, margin, margin},
+    const QPageSize paper(m_arguments.paper, QPageSize::Millimeter, {}, QPageSize::ExactMatch);
+    const QPageLayout layout(paper, QPageLayout::Portrait, m_arguments.margins,
                              QPageLayout::Millimeter);
     m_page.printToPdf([this](const QByteArray& pdf) { write(pdf); }, layout);
 }

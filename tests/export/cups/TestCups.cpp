@@ -38,12 +38,19 @@ void TestCups::theDialogKnowsTheQueue() {
     printer.setPrinterName(queue());
     QVERIFY(printer.isValid());
     printer.setCopyCount(2);
-    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setPageLayout(layoutOf({.paper = {210, 148}}));
+    printer.setColorMode(QPrinter::GrayScale);
+    printer.setPageOrder(QPrinter::LastPageFirst);
     const PrintChoice choice = printChoice(printer, 3);
     QCOMPARE(choice.printer, queue());
     QVERIFY(choice.file.isEmpty());
     QCOMPARE(choice.copies, 2);
-    QVERIFY(choice.options.contains(u"media=A4"_s));
+    QVERIFY(
+        choice.sheet.isLike({.paper = {210, 148}, .margins = choice.sheet.margins, .grey = true}));
+    for (const QString& option :
+         {u"media=A5"_s, u"print-color-mode=monochrome"_s, u"outputorder=reverse"_s}) {
+        QVERIFY2(choice.options.contains(option), qPrintable(choice.options.join(u' ')));
+    }
 }
 
 void TestCups::printsChosenPages() {
@@ -55,6 +62,29 @@ void TestCups::printsChosenPages() {
                                     .pages = {{.first = 2, .last = 3}},
                                     .options = {u"media=A4"_s, u"sides=one-sided"_s}});
     printDocument(nullptr, threePages());
+    QVERIFY(printed());
+}
+
+void TestCups::printsOnAnotherSheet() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPrinterName(queue());
+    printer.setPageLayout(layoutOf({.paper = {210, 148}}));
+    QByteArray pdf;
+    QBuffer buffer(&pdf);
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&buffer);
+        writer.setPageLayout(layoutOf({.paper = {210, 148}, .margins = {}}));
+        QPainter painter(&writer);
+        const QRect sheet = writer.pageLayout().fullRectPixels(writer.resolution());
+        // Twenty millimetres from the left, thirty from the top.
+        painter.fillRect(QRect(sheet.width() * 20 / 210, sheet.height() * 30 / 148,
+                               sheet.width() * 100 / 210, sheet.height() * 50 / 148),
+                         Qt::black);
+    }
+    ScriptedDialogs dialogs;
+    dialogs.expectPrint(u"Stampa"_s, u"prova"_s, 1, printChoice(printer, 1));
+    printDocument(nullptr, {.pdf = pdf, .name = u"prova"_s});
     QVERIFY(printed());
 }
 

@@ -12,6 +12,7 @@ class TestCups : public Test {
   private slots:
     void theDialogKnowsTheQueue();
     void printsChosenPages();
+    void printsOnAnotherSheet();
     void paintsWithoutTheHandOverProgram();
     void reportsAnUnknownQueue();
 };

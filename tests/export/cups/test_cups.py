@@ -128,6 +128,31 @@ class Cups(unittest.TestCase):
         self.print_with("printsChosenPages")
         self.assertEqual(self.pages(), ["due", "tre", "due", "tre"])
 
+    def test_another_sheet_arrives_as_it_was_laid_out(self) -> None:
+        self.print_with("printsOnAnotherSheet")
+        done = subprocess.run(["pdftoppm", "-gray", "-r", "25.4", self.output()], capture_output=True, check=True)
+        _, width, height, _, data = done.stdout.split(None, 4)
+        width, height = int(width), int(height)
+        rows = [data[y * width : (y + 1) * width] for y in range(height)]
+        if width < height:  # the sheet goes upright through the printer
+            rows = [bytes(row) for row in reversed(list(zip(*rows)))]
+            found = self.black(rows)
+            turned = self.black([row[::-1] for row in reversed(rows)])
+            self.assertIn((20, 30, 100, 50), [self.rounded(found), self.rounded(turned)], (found, turned))
+        else:
+            self.assertEqual(self.rounded(self.black(rows)), (20, 30, 100, 50))
+
+    @staticmethod
+    def black(rows: list[bytes]) -> tuple[int, int, int, int]:
+        """Left, top, width and height of what is black, in millimetres."""
+        ys = [y for y, row in enumerate(rows) if min(row) < 128]
+        xs = [x for x in range(len(rows[0])) if rows[ys[len(ys) // 2]][x] < 128]
+        return xs[0], ys[0], len(xs), len(ys)
+
+    @staticmethod
+    def rounded(place: tuple[int, int, int, int]) -> tuple[int, ...]:
+        return tuple(round(value / 5) * 5 for value in place)
+
     def test_painted_pages_arrive(self) -> None:
         self.print_with("paintsWithoutTheHandOverProgram")
         self.assertEqual(len(self.pages()), 2)

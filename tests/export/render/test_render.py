@@ -268,6 +268,55 @@ class Render(unittest.TestCase):
         self.assertAlmostEqual(width, 100 / 25.4 * 72, delta=1)
         self.assertAlmostEqual(height, 150 / 25.4 * 72, delta=1)
 
+    def ink(self) -> tuple[float, float, float, float]:
+        """What lies between the paper's edges and the first colour: left, top, right, bottom, in millimetres."""
+        width, height, data = self.pixels(127)  # five to the millimetre
+        rows = [data[y * width * 3 : (y + 1) * width * 3] for y in range(height)]
+        white = b"\xff" * (width * 3)
+        inked = [y for y in range(height) if rows[y] != white]
+        middle = rows[(inked[0] + inked[-1]) // 2]
+        columns = [x for x in range(width) if middle[3 * x : 3 * x + 3] != b"\xff\xff\xff"]
+        edges = columns[0], inked[0], width - 1 - columns[-1], height - 1 - inked[-1]
+        return tuple(edge / 5 for edge in edges)
+
+    def test_margins(self) -> None:
+        self.render(self.page(), "--paper", "297x210", "--margin", "10,20,50.5,40")
+        width, height = (float(side) for side in re.findall(r"[\d.]+", self.info("Page size"))[:2])
+        self.assertGreater(width, height)
+        for found, wanted in zip(self.ink(), (10, 20, 50.5, 40)):
+            self.assertAlmostEqual(found, wanted, delta=0.7)
+
+    def test_pictures_shrink_to_fit_the_sheet(self) -> None:
+        """Whole: the frame of the widest one is left on each side, with the page's own margin."""
+        (self.folder / "grafico.png").write_bytes(png(635, 449, (30, 120, 220)))
+        body = '<TABLE width="100%" class="c1"><TR><TD align="center"><IMG src="grafico.png"></TD></TR></TABLE>'
+        for paper, share in (("210x297", 1), ("148x210", 0.72), ("105x148", 0.48), ("297x80", 0.46)):
+            with self.subTest(paper=paper):
+                self.render(self.page(body), "--paper", paper)
+                width, height = map(int, paper.split("x"))
+                pictures = subprocess.run(["pdfimages", "-list", self.pdf], capture_output=True, check=True, text=True)
+                (row,) = pictures.stdout.splitlines()[2:]
+                self.assertEqual(row.split()[3:5], ["635", "449"])
+                self.assertAlmostEqual(96 / int(row.split()[12]), share, delta=0.04)
+                page = int(row.split()[0])
+                shown = subprocess.run(
+                    ["pdftoppm", "-r", "127", "-f", str(page), "-l", str(page), self.pdf], capture_output=True, check=True
+                ).stdout
+                blue = shown.count(bytes((30, 120, 220))) / 25  # square millimetres
+                self.assertGreater(blue, 0.97 * (635 * 449) * (25.4 / int(row.split()[12])) ** 2)
+
+    def test_grey(self) -> None:
+        (self.folder / "grafico.png").write_bytes(png(60, 30, (30, 120, 220)))
+        body = '<TABLE class="c1"><TR><TH><B style="color:#FF0000;">Fisica</B></TH></TR></TABLE><IMG src="grafico.png">'
+        self.render(self.page(body), "--grey")
+        self.assertIn("Fisica", self.text())  # text stays text
+        _, _, data = self.pixels(100)
+        greys = {data[i] for i in range(0, len(data), 3)}
+        self.assertTrue(all(data[i] == data[i + 1] == data[i + 2] for i in range(0, len(data), 3)))
+        # The red text, the picture, the page.
+        for grey in (54, 108, 224):
+            self.assertTrue(greys & set(range(grey - 2, grey + 3)), (grey, sorted(greys)))
+
     def test_surroundings_change_nothing(self) -> None:
         self.render(
             self.page("<SCRIPT>document.getElementById('name').textContent='CHANGED'</SCRIPT>"),
@@ -322,6 +371,9 @@ class Render(unittest.TestCase):
             ["--paper", "210x297x3", page, self.pdf],
             ["--margin", "-3", page, self.pdf],
             ["--margin", "95", page, self.pdf],
+            ["--margin", "1,2", page, self.pdf],
+            ["--margin", "10,95,10,95,10", page, self.pdf],
+            ["--margin", "90,10,91,10", page, self.pdf],
         ):
             with self.subTest(arguments=arguments):
                 self.fails(2, *arguments)
