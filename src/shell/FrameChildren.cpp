@@ -3,6 +3,7 @@
 #include "shell/MDIForm1.h"
 
 #include "shell/ChildArrangement.h"
+#include "shell/MaximisedChild.h"
 #include "shell/TitleBarStyle.h"
 #include "toolkit/ChildWindow.h"
 
@@ -64,6 +65,7 @@ void MDIForm1::showChild(ChildWindow* child) {
         window = m_area->addSubWindow(child);
         giveKeysOfTheirOwn(*window->systemMenu());
         closeOnlyWhenFree(window);
+        m_maximisedChild->watch(window);
         window->setAttribute(Qt::WA_DeleteOnClose);
         window->setWindowIcon(windowIcon());
         if (m_titleBarStyle->isNeeded()) {
@@ -75,9 +77,7 @@ void MDIForm1::showChild(ChildWindow* child) {
     if (window->isMinimized()) {
         window->showNormal();
     }
-    child->show();
-    window->show();
-    m_area->setActiveSubWindow(window);
+    m_maximisedChild->show(window);
 }
 
 void MDIForm1::showDayPopup(const DayPopup& popup, QPoint globalPosition) {

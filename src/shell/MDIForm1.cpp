@@ -7,6 +7,7 @@
 #include "shell/ApplicationSetup.h"
 #include "shell/Folders.h"
 #include "shell/FramePlace.h"
+#include "shell/MaximisedChild.h"
 #include "shell/Recovery.h"
 #include "shell/StatusLabel.h"
 #include "shell/TitleBarStyle.h"
@@ -32,6 +33,7 @@ MDIForm1::MDIForm1(Program& program, const QString& programFolder, QWidget* pare
     , m_program(program)
     , m_stateFile(stateFolder())
     , m_area(new QMdiArea(this))
+    , m_maximisedChild(new MaximisedChild(m_area))
     , m_titleBarStyle(new TitleBarStyle(m_area))
     , m_recovery(new Recovery(program, QDir(stateFolder()).filePath(u"recupero"_s), this)) {
     resetToStartUp(m_program);

@@ -31,6 +31,7 @@ class FProcGuid;
 class FProj;
 class FStampaBio;
 class FStat;
+class MaximisedChild;
 class Recovery;
 class RecentFiles;
 class StatusLabel;
@@ -177,6 +178,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     Program& m_program;
     StateFile m_stateFile;
     QMdiArea* m_area = nullptr;
+    MaximisedChild* m_maximisedChild;
     TitleBarStyle* m_titleBarStyle;
     QToolBar* m_toolbar = nullptr;
     std::array<QAction*, commandCount> m_actions{};

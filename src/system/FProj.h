@@ -55,6 +55,7 @@ class FProj : public ChildWindow {
     void setUsable(Usable usable);
     [[nodiscard]] Usable usable() const { return m_usable; }
 
+    [[nodiscard]] bool grows() const override { return true; }
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:

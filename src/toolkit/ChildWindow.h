@@ -14,6 +14,9 @@ class ChildWindow : public QWidget {
     /// Opens the window's own options; called for the active child. Most windows have none.
     virtual void SetOptions();
 
+    /// Whether more room shows more: a picture or a list grows, a form does not.
+    [[nodiscard]] virtual bool grows() const { return false; }
+
     /// Closes the window together with its frame.
     void closeWindow();
 

@@ -10,6 +10,7 @@
 #include "shell/TestFramePlace.h"
 #include "shell/TestGuide.h"
 #include "shell/TestMDIForm1.h"
+#include "shell/TestMaximisedChild.h"
 #include "shell/TestRecentFiles.h"
 #include "shell/TestRecovery.h"
 #include "shell/TestStateFile.h"
@@ -21,7 +22,6 @@
 QUOR_TEST_MAIN(QApplication, quor::test::TestBiorhythmViews, quor::test::TestChildArrangement,
                quor::test::TestCommandLine, quor::test::TestCommandStates,
                quor::test::TestEndRequests, quor::test::TestExportCommands, quor::test::TestFIns,
-               quor::test::TestFolders, quor::test::TestGuide, quor::test::TestMDIForm1,
-               quor::test::TestRecovery, quor::test::TestStateFile, quor::test::TestFramePlace,
-               quor::test::TestRecentFiles, quor::test::TestFileDrop,
-               quor::test::TestSystemCommands)
+               quor::test::TestFolders, quor::test::TestGuide, quor::test::TestMDIForm1, quor::test::TestMaximisedChild, quor::test::TestRecovery,
+               quor::test::TestStateFile, quor::test::TestFramePlace, quor::test::TestRecentFiles,
+               quor::test::TestFileDrop, quor::test::TestSystemCommands)

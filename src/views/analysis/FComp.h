@@ -32,6 +32,7 @@ class FComp : public ChildWindow {
     FComp(FComp&&) = delete;
     FComp& operator=(FComp&&) = delete;
 
+    [[nodiscard]] bool grows() const override { return true; }
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:

@@ -37,6 +37,7 @@ class FGrphSet : public ChildWindow {
     /// Takes over what an options dialog reports and draws the rows again.
     void applyWeeklyOptions(const WeeklyColours& colours);
 
+    [[nodiscard]] bool grows() const override { return true; }
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:

@@ -44,6 +44,7 @@ class GraphWindow : public ChildWindow {
     /// Takes over what an options dialog reports.
     void applyGraphOptions(const GraphOptions& options);
 
+    [[nodiscard]] bool grows() const override { return true; }
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
