@@ -8,6 +8,8 @@
 #include "system/FProj.h"
 #include "toolkit/WindowTitle.h"
 
+#include <QMdiArea>
+
 namespace quor {
 
 namespace {
@@ -32,8 +34,13 @@ void MDIForm1::showExport(const QString& caption) {
         });
     }
     setTitle(*m_export, caption);
-    if (m_newBiorhythm != nullptr && m_program.state.exportWholeSystem) {
-        m_newBiorhythm->setEnabled(false); // it would give the system a member meanwhile
+    if (m_program.state.exportWholeSystem) {
+        // What would close or change the system meanwhile, from windows that are open too.
+        m_area->setEnabled(false);
+        setCommandEnabled(Command::mnuProcedureGuidate, false);
+        if (m_newBiorhythm != nullptr) {
+            m_newBiorhythm->setEnabled(false);
+        }
     }
     bringUp(m_export);
 }
@@ -67,6 +74,8 @@ void MDIForm1::unlock() {
         return;
     }
     setEnabled(true);
+    m_area->setEnabled(true);
+    setCommandEnabled(Command::mnuProcedureGuidate, true);
     setMenuEnabled(Menu::mnuFile, true);
     setToolbarEnabled(true);
     m_program.state.exportWholeSystem = false;

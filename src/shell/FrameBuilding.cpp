@@ -39,9 +39,14 @@ void MDIForm1::buildMenus() {
         auto* action = new QAction(caption(info.caption), this);
         action->setObjectName(QString::fromLatin1(info.name));
         action->setMenuRole(QAction::NoRole);
-        const Command command = info.command;
-        connect(action, &QAction::triggered, this, [this, command] { choose(command); });
-        m_actions.at(static_cast<std::size_t>(command)) = action;
+        connect(action, &QAction::triggered, this, [this, &info] {
+            // Assistive tools find the entries of a disabled menu.
+            if (info.menu == Menu::none ? m_toolbar->isEnabled()
+                                        : m_states.isMenuEnabled(info.menu)) {
+                choose(info.command);
+            }
+        });
+        m_actions.at(static_cast<std::size_t>(info.command)) = action;
         if (info.menu != Menu::none) {
             QMenu* menu = m_menus.at(static_cast<std::size_t>(info.menu));
             if (info.startsGroup) {
@@ -104,7 +109,7 @@ void MDIForm1::buildPopup() {
     QAction* options = m_popup->addAction(u"Opzioni"_s);
     options->setObjectName(u"mnuPopOpt"_s);
     connect(options, &QAction::triggered, this, [this] {
-        if (QApplication::activeModalWidget() != nullptr) {
+        if (!m_area->isEnabled() || QApplication::activeModalWidget() != nullptr) {
             return; // as for the commands
         }
         const QMdiSubWindow* active = m_area->currentSubWindow();

@@ -33,12 +33,12 @@ void giveKeysOfTheirOwn(const QMenu& systemMenu) {
 }
 
 /// The last entry of a window's own menu closes it. Assistive tools find it beneath a box too,
-/// which may be about this window.
+/// which may be about this window, and in a window that is disabled.
 void closeOnlyWhenFree(QMdiSubWindow* window) {
     const QAction* close = window->systemMenu()->actions().constLast();
     QObject::disconnect(close, &QAction::triggered, window, nullptr);
     QObject::connect(close, &QAction::triggered, window, [window] {
-        if (QApplication::activeModalWidget() == nullptr) {
+        if (window->isEnabled() && QApplication::activeModalWidget() == nullptr) {
             window->close();
         }
     });

@@ -3,6 +3,7 @@
 #include "shell/MDIForm1.h"
 
 #include "guidance/FFastStart.h"
+#include "guidance/FOpt.h"
 #include "guidance/FProcGuid.h"
 #include "shell/FIns.h"
 #include "shell/ToolHighlight.h"
@@ -77,6 +78,7 @@ void MDIForm1::lockCommands(const TourLock& lock) {
     m_states.lock(lock.allowed);
     showCommandStates();
     highlight(lock.highlighted);
+    setOptionsUsable(false);
     if (m_system != nullptr) {
         m_system->setUsable(lock.insertMembers ? FProj::Usable::insertion : FProj::Usable::nothing);
     }
@@ -86,8 +88,16 @@ void MDIForm1::unlockCommands() {
     m_states.unlock();
     showCommandStates();
     highlight({});
+    setOptionsUsable(true);
     if (m_system != nullptr) {
         m_system->setUsable(FProj::Usable::everything);
+    }
+}
+
+/// The options window may have been open before the lock.
+void MDIForm1::setOptionsUsable(bool usable) {
+    if (m_options != nullptr) {
+        m_options->parentWidget()->setEnabled(usable);
     }
 }
 

@@ -115,7 +115,7 @@ void MDIForm1::start(const StartRequest& request) {
 }
 
 void MDIForm1::choose(Command command) {
-    if (QApplication::activeModalWidget() == nullptr) {
+    if (isEnabled() && QApplication::activeModalWidget() == nullptr) {
         run(command);
     }
 }

@@ -104,8 +104,8 @@ class MDIForm1 : public QMainWindow, public Frame {
     void buildChildKeys();
     [[nodiscard]] QAction* action(Command command) const;
 
-    /// A command chosen in a menu or the toolbar: nothing beneath a modal window, where assistive
-    /// tools still reach it.
+    /// A command chosen in a menu or the toolbar: nothing beneath a modal window or in a disabled
+    /// frame, where assistive tools still reach it.
     void choose(Command command);
 
     /// Enables what the states of the commands say.
@@ -170,6 +170,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     void showFastStart();
     [[nodiscard]] bool refusedByTour();
     void tourEnded();
+    void setOptionsUsable(bool usable);
     void highlight(std::span<const Command> commands);
 
     void quit();

@@ -434,6 +434,10 @@ void FProj::showNodeTip(QPoint position) {
 }
 
 void FProj::closeEvent(QCloseEvent* event) {
+    if (!mayClose()) {
+        event->ignore();
+        return;
+    }
     if (ask(this,
             u"Questo comporterà la chiusura del sistema aperto attualmente. Si desidera continuare "
             "ugualmente?"_s,

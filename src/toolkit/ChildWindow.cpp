@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QFontInfo>
 #include <QMdiSubWindow>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -16,11 +17,20 @@ ChildWindow::ChildWindow(QWidget* parent)
 void ChildWindow::SetOptions() {}
 
 void ChildWindow::closeWindow() {
+    const QPointer<ChildWindow> self(this);
+    m_closing = true;
     if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget())) {
         frame->close();
     } else {
         close();
     }
+    if (!self.isNull()) {
+        m_closing = false;
+    }
+}
+
+bool ChildWindow::mayClose() const {
+    return m_closing || isEnabledTo(window());
 }
 
 QSize ChildWindow::forFont(QSize usual) const {
@@ -29,7 +39,7 @@ QSize ChildWindow::forFont(QSize usual) const {
 }
 
 void ChildWindow::closeEvent(QCloseEvent* event) {
-    QWidget::closeEvent(event);
+    event->setAccepted(mayClose());
     if (event->isAccepted()) {
         emit closed();
     }

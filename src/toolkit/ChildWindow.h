@@ -17,7 +17,7 @@ class ChildWindow : public QWidget {
     /// Whether more room shows more: a picture or a list grows, a form does not.
     [[nodiscard]] virtual bool grows() const { return false; }
 
-    /// Closes the window together with its frame.
+    /// Closes the window together with its frame, also where a lock has disabled it.
     void closeWindow();
 
   signals:
@@ -29,7 +29,14 @@ class ChildWindow : public QWidget {
     /// that is larger.
     [[nodiscard]] QSize forFont(QSize usual) const;
 
+    /// False where a lock has disabled the window and the user, whose keys and the buttons of a
+    /// maximised window reach it all the same, asks to close it.
+    [[nodiscard]] bool mayClose() const;
+
     void closeEvent(QCloseEvent* event) override;
+
+  private:
+    bool m_closing = false; ///< by the program
 };
 
 } // namespace quor
