@@ -134,27 +134,34 @@ std::uint8_t ExportPng(const QImage& image, const QString& fileName) {
     return pngWritten;
 }
 
-std::uint8_t ExportPng(const Drawing& drawing, const QFont& font, QSize size,
-                       const QString& fileName) {
+std::uint8_t paintPicture(const Drawing& drawing, const QFont& font, QSize size, QImage& image) {
+    image = QImage();
     if (!canBePainted(size)) {
         return pngNoPicture;
     }
     if (qint64{size.width()} * size.height() * qint64{sizeof(QRgb)} > mostBytes) {
         return pngOutOfMemory;
     }
-    QImage image(size, QImage::Format_RGB32);
+    image = QImage(size, QImage::Format_RGB32);
     if (image.isNull()) {
         return pngOutOfMemory;
     }
     image.fill(Qt::white);
     QPainter painter;
     if (!painter.begin(&image)) {
+        image = QImage();
         return pngNoPicture;
     }
     painter.setFont(font);
     paint(painter, drawing);
-    painter.end();
-    return ExportPng(image, fileName);
+    return pngWritten;
+}
+
+std::uint8_t ExportPng(const Drawing& drawing, const QFont& font, QSize size,
+                       const QString& fileName) {
+    QImage image;
+    const std::uint8_t code = paintPicture(drawing, font, size, image);
+    return code == pngWritten ? ExportPng(image, fileName) : code;
 }
 
 QString resultText(std::uint8_t code) {

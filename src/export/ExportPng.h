@@ -27,7 +27,13 @@ inline constexpr std::uint8_t pngPictureFailed = 5; ///< the rest cannot be writ
 /// @return one of the codes above
 [[nodiscard]] std::uint8_t ExportPng(const QImage& image, const QString& fileName);
 
-/// Paints a drawing on white, one pixel of the picture for one of the drawing, and writes it.
+/// Paints a drawing on white, one pixel of the picture for one of the drawing.
+/// @param image null after a failure
+/// @return `pngWritten`, `pngNoPicture` or `pngOutOfMemory`
+[[nodiscard]] std::uint8_t paintPicture(const Drawing& drawing, const QFont& font, QSize size,
+                                        QImage& image);
+
+/// Paints a drawing and writes it.
 [[nodiscard]] std::uint8_t ExportPng(const Drawing& drawing, const QFont& font, QSize size,
                                      const QString& fileName);
 

@@ -1,10 +1,11 @@
 #include "export/FStampaBio.h"
 
+#include "export/LeftProducts.h"
 #include "export/WebBrowser.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
 
-#include <QFileInfo>
+#include <QSignalBlocker>
 #include <QUrl>
 
 #include "ui_FStampaBio.h"
@@ -25,6 +26,11 @@ FStampaBio::FStampaBio(Program& program, Frame& frame, PrintMode mode, QWidget* 
     for (QCheckBox* check : {m_ui->Check1, m_ui->Check2, m_ui->Check3}) {
         check->setChecked(true);
     }
+    connect(m_ui->Check1, &QCheckBox::toggled, this, [this](bool page) {
+        if (!page) {
+            leaveOut();
+        }
+    });
     connect(m_ui->Check2, &QCheckBox::toggled, this, &FStampaBio::choose);
     connect(m_ui->Check3, &QCheckBox::toggled, this, &FStampaBio::choose);
     connect(m_ui->Command1, &QPushButton::clicked, this, &FStampaBio::start);
@@ -47,36 +53,62 @@ void FStampaBio::done(int result) {
     QDialog::done(result);
 }
 
+/// Without the page there is nothing that its sections could stand in.
+void FStampaBio::leaveOut() {
+    for (QCheckBox* section : {m_ui->Check2, m_ui->Check3}) {
+        const QSignalBlocker both(section);
+        section->setChecked(false);
+    }
+    choose();
+}
+
 void FStampaBio::choose() {
     const bool pictures = m_ui->Check2->isChecked() || m_ui->Check3->isChecked();
     m_ui->Check1->setChecked(pictures);
     m_ui->Check1->setEnabled(pictures);
 }
 
-void FStampaBio::start() {
-    // The window itself stays enabled in the toolkit's sense, so that its close box goes on
-    // working; nothing in it can be used.
-    m_ui->Controls->setEnabled(false);
+SummarySections FStampaBio::sections() const {
+    return {.graph = m_ui->Check2->isChecked(), .weekly = m_ui->Check3->isChecked()};
+}
 
+void FStampaBio::start() {
     const QString prefix =
         pathPrefix(m_program.state.exportFolder, exportPrefix(m_program, PageVariant::print));
-    const auto isMissing = [](const QCheckBox* wanted, const QString& path) {
-        return wanted->isChecked() && !QFileInfo::exists(path);
-    };
-    if (isMissing(m_ui->Check2, graphFile(prefix)) ||
-        isMissing(m_ui->Check3, weekFile(prefix, WeekRow::mean)) ||
-        isMissing(m_ui->Check1, summaryFile(prefix))) {
+    const LeftProducts left =
+        leftProducts(m_program.biorhythm, sections(), prefix, PageVariant::print);
+    if (left == LeftProducts::missing && !m_ui->Check1->isChecked()) {
+        showError(this,
+                  u"Non c'è niente da stampare: la pagina non esiste ancora.\n"
+                  "Seleziona cosa vuoi stampare!"_s,
+                  u"Errore"_s);
+        return;
+    }
+    Answer exportAgain = left == LeftProducts::missing ? Answer::yes : Answer::no;
+    if (left == LeftProducts::outdated) {
+        exportAgain = askOrCancel(
+            this, u"Le pagine già esportate non corrispondono ai dati attuali. Rifarle?"_s,
+            u"Conferma"_s);
+    }
+    if (exportAgain == Answer::cancel) {
+        return;
+    }
+    // The window itself stays enabled in Qt's sense, so that its close box goes on working; nothing
+    // in it can be used.
+    m_ui->Controls->setEnabled(false);
+    if (exportAgain == Answer::yes) {
         exportPage();
     } else {
         load(summaryFile(prefix));
     }
 }
 
+/// Where no section is chosen the page holds the person's data alone.
 void FStampaBio::exportPage() {
     m_runner = new ExportRunner(m_program, m_frame,
-                                {.graph = m_ui->Check2->isChecked(),
-                                 .weekly = m_ui->Check3->isChecked(),
-                                 .page = m_ui->Check1->isChecked(),
+                                {.graph = sections().graph,
+                                 .weekly = sections().weekly,
+                                 .page = true,
                                  .variant = PageVariant::print,
                                  .scope = ExportScope::person,
                                  .folder = m_program.state.exportFolder,

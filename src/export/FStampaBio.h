@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/ExportRunner.h"
+#include "export/SummaryPage.h"
 #include "toolkit/Frame.h"
 
 #include <QDialog>
@@ -15,8 +16,8 @@ class FStampaBio;
 }
 
 /// The window that prints the summary page of the current biorhythm, or shows its preview. Page and
-/// pictures are those that an export for print has left in the export folder; what is missing is
-/// exported first.
+/// pictures are those that an export for print has left in the export folder. What is missing is
+/// exported first, and what does not say what the present data say after a question.
 class FStampaBio : public QDialog {
     Q_OBJECT
 
@@ -32,8 +33,10 @@ class FStampaBio : public QDialog {
     void done(int result) override;
 
   private:
+    void leaveOut();
     void choose();
     void start();
+    [[nodiscard]] SummarySections sections() const;
     void exportPage();
     void load(const QString& summaryPath);
     void documentComplete();

@@ -42,6 +42,7 @@ BoxPicture boxPicture(BoxKind kind) {
     case BoxKind::error:
         return {QMessageBox::Critical, u"dialog-error"_s, u"ImmErrore"_s};
     case BoxKind::question:
+    case BoxKind::openQuestion:
         break;
     }
     return {QMessageBox::Question, u"dialog-question"_s, u"ImmDomanda"_s};
@@ -92,15 +93,26 @@ class RealDialogHost : public DialogHost {
     Answer message(QWidget* parent, const MessageBox& box) override {
         QMessageBox window(parent);
         dress(window, box.kind, box.title, box.text);
-        if (box.kind != BoxKind::question && box.kind != BoxKind::loss) {
+        const bool isOpen = box.kind == BoxKind::openQuestion;
+        if (box.kind != BoxKind::question && box.kind != BoxKind::loss && !isOpen) {
             window.setStandardButtons(QMessageBox::Ok);
             window.exec();
             return Answer::ok;
         }
         window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        if (isOpen) {
+            window.addButton(QMessageBox::Cancel);
+        }
         window.setDefaultButton(box.kind == BoxKind::loss ? QMessageBox::No : QMessageBox::Yes);
-        window.setEscapeButton(QMessageBox::No);
-        return window.exec() == QMessageBox::Yes ? Answer::yes : Answer::no;
+        window.setEscapeButton(isOpen ? QMessageBox::Cancel : QMessageBox::No);
+        switch (window.exec()) {
+        case QMessageBox::Yes:
+            return Answer::yes;
+        case QMessageBox::Cancel:
+            return Answer::cancel;
+        default:
+            return Answer::no;
+        }
     }
 
     qsizetype choice(QWidget* parent, const ChoiceBox& box) override {

@@ -18,10 +18,11 @@ class QWidget;
 namespace quor {
 
 /// The answers keep the numbers that a platform's message box gives.
-enum class Answer : int { ok = 1, yes = 6, no = 7 };
+enum class Answer : int { ok = 1, cancel = 2, yes = 6, no = 7 };
 
-/// A loss is a question too, whose Yes destroys something for good: Enter presses its No.
-enum class BoxKind : std::uint8_t { information, warning, error, question, loss };
+/// A loss is a question too, whose Yes destroys something for good: Enter presses its No. An open
+/// question has a third button, "Annulla", which closing the box presses.
+enum class BoxKind : std::uint8_t { information, warning, error, question, loss, openQuestion };
 
 struct MessageBox {
     BoxKind kind = BoxKind::information;

@@ -40,6 +40,10 @@ Answer askBeforeLoss(QWidget* parent, const QString& text, const QString& title)
     return show(parent, BoxKind::loss, text, title);
 }
 
+Answer askOrCancel(QWidget* parent, const QString& text, const QString& title) {
+    return show(parent, BoxKind::openQuestion, text, title);
+}
+
 qsizetype askChoice(QWidget* parent, const QString& text, const QString& title,
                     const QStringList& buttons) {
     return dialogHost().choice(parent, {.text = text, .title = title, .buttons = buttons});

@@ -27,6 +27,9 @@ void showOverflow(QWidget* parent, const QString& advice);
 /// The same for what cannot be brought back: Enter is No.
 [[nodiscard]] Answer askBeforeLoss(QWidget* parent, const QString& text, const QString& title);
 
+/// A question that may be left open: Yes, No or Cancel; closing the box is Cancel.
+[[nodiscard]] Answer askOrCancel(QWidget* parent, const QString& text, const QString& title);
+
 /// A question with two or more buttons of its own, in the order that `ChoiceBox` wants.
 /// @return the position of the pressed button; closing the box presses the last one
 [[nodiscard]] qsizetype askChoice(QWidget* parent, const QString& text, const QString& title,

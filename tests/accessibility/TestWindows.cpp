@@ -265,6 +265,9 @@ void TestWindows::boxesHaveNoFaults_data() {
     QTest::newRow("loss") << Open([](QWidget* parent) {
         dialogHost().message(parent, {BoxKind::loss, u"Eliminare?"_s, u"Conferma"_s});
     });
+    QTest::newRow("open question") << Open([](QWidget* parent) {
+        dialogHost().message(parent, {BoxKind::openQuestion, u"Rifarle?"_s, u"Conferma"_s});
+    });
     QTest::newRow("choice") << Open([](QWidget* parent) {
         dialogHost().choice(parent, {.text = u"Recuperare?"_s,
                                      .title = u"Recupero"_s,

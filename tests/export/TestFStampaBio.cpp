@@ -1,5 +1,6 @@
 #include "export/TestFStampaBio.h"
 
+#include "export/ExportRun.h"
 #include "export/FStampaBio.h"
 #include "export/Paper.h"
 #include "export/PreviewWindow.h"
@@ -19,6 +20,7 @@ namespace quor::test {
 namespace {
 
 const QString prefix = u"Maria Rossi_15-03-2004_stampa_"_s;
+const QString question = u"Le pagine già esportate non corrispondono ai dati attuali. Rifarle?"_s;
 
 QStringList products() {
     QStringList files{prefix + u"Riepilogo.html"_s};
@@ -63,6 +65,17 @@ struct Window : ExportFixture {
         QFile file(folder.filePath(name));
         if (!file.open(QIODevice::WriteOnly) || file.write("old") != 3) {
             qFatal("cannot write the test's own file");
+        }
+    }
+    void exportPages() {
+        ExportRun run(program, {.graph = true,
+                                .weekly = true,
+                                .page = true,
+                                .variant = PageVariant::print,
+                                .folder = folder.path(),
+                                .pictureSize = {200, 100}}); // another paper
+        while (!run.isOver()) {
+            QVERIFY(!run.next().failed);
         }
     }
     [[nodiscard]] QByteArray content(const QString& name) const {
@@ -124,6 +137,12 @@ void TestFStampaBio::pageGoesWithItsPictures() {
     window.check(3)->click();
     QVERIFY(window.check(1)->isChecked());
     QVERIFY(window.check(1)->isEnabled());
+    window.check(2)->click();
+    window.check(1)->click(); // its pictures go with it
+    for (const int number : {1, 2, 3}) {
+        QVERIFY(!window.check(number)->isChecked());
+    }
+    QVERIFY(!window.check(1)->isEnabled());
 }
 
 void TestFStampaBio::exportsWhatIsMissingAndPreviews() {
@@ -137,8 +156,10 @@ void TestFStampaBio::exportsWhatIsMissingAndPreviews() {
 
 void TestFStampaBio::printsWhatIsThere() {
     Window window(PrintMode::print);
+    window.exportPages();
+    QHash<QString, QByteArray> before;
     for (const QString& product : products()) {
-        window.touch(product);
+        before[product] = window.content(product);
     }
     const QString file = window.tools.filePath(u"stampa.pdf"_s);
     window.dialogs.expectPrint(u"Stampa"_s, prefix + u"Riepilogo"_s, 1,
@@ -146,15 +167,68 @@ void TestFStampaBio::printsWhatIsThere() {
     window.run();
     QVERIFY(window.dialogs.finished());
     for (const QString& product : products()) {
-        QCOMPARE(window.content(product), QByteArray("old"));
+        QCOMPARE(window.content(product), before[product]);
     }
     QFile printed(file);
     QVERIFY(printed.open(QIODevice::ReadOnly));
     QVERIFY(printed.readAll().startsWith("%PDF-"));
 }
 
+void TestFStampaBio::asksAboutWhatIsOutdated_data() {
+    QTest::addColumn<Answer>("answer");
+    QTest::newRow("yes") << Answer::yes;
+    QTest::newRow("no") << Answer::no;
+    QTest::newRow("cancel") << Answer::cancel;
+}
+
+/// The page of somebody with the same name must not be taken for this one's.
+void TestFStampaBio::asksAboutWhatIsOutdated() {
+    QFETCH(const Answer, answer);
+    Window window(PrintMode::preview);
+    window.program.biorhythm.birthDate -= 1;
+    window.exportPages();
+    window.program.biorhythm.birthDate += 1;
+    const QByteArray page = window.content(products().first());
+    const QByteArray graph = window.content(products().last());
+    window.dialogs.expectOpenQuestion(u"Conferma"_s, question, answer);
+    if (answer == Answer::cancel) {
+        window.button(1)->click();
+        QVERIFY(window.button(1)->isEnabled());
+        QVERIFY(!window.browser()->isBusy());
+    } else {
+        window.run();
+    }
+    QVERIFY(window.dialogs.finished());
+    QCOMPARE(window.preview() != nullptr, answer != Answer::cancel);
+    const bool again = answer == Answer::yes;
+    QCOMPARE(window.content(products().first()) != page, again);
+    QCOMPARE(window.content(products().last()) != graph, again);
+    if (again) { // and now it is current
+        window.preview()->close();
+        window.run();
+    }
+}
+
+void TestFStampaBio::asksAboutOtherSections() {
+    Window window(PrintMode::preview);
+    window.exportPages();
+    const QByteArray week = window.content(products().at(1));
+    window.check(3)->click();
+    window.dialogs.expectOpenQuestion(u"Conferma"_s, question, Answer::yes);
+    window.run();
+    QVERIFY(!window.content(products().first()).contains("StatoSettimana"));
+    QCOMPARE(window.content(products().at(1)), week); // not ticked
+
+    window.check(2)->click(); // nothing is: a page without pictures
+    window.dialogs.expectOpenQuestion(u"Conferma"_s, question, Answer::yes);
+    window.run();
+    QVERIFY(window.dialogs.finished());
+    QVERIFY(!window.content(products().first()).contains("IMG"));
+    window.run();
+}
+
 void TestFStampaBio::exportsAgainWhenOnePieceIsMissing() {
-    for (const int missing : {0, 1, 5}) { // the page, the first week, the graph
+    for (const int missing : {0, 1, 4, 5}) { // the page, the first week and the last, the graph
         Window window(PrintMode::preview);
         for (const QString& product : products()) {
             window.touch(product);
@@ -206,16 +280,22 @@ void TestFStampaBio::failedRendererIsTold() {
     QVERIFY(window.preview() == nullptr);
 }
 
-void TestFStampaBio::pageThatIsNotThereIsTold() {
-    Window window(PrintMode::preview);
-    window.check(2)->click();
-    window.check(3)->click(); // nothing is wanted, so nothing is exported
-    window.setRenderer(u"test -f \"$2\" || exit 1"_s);
-    window.dialogs.expectBox(u"Errore"_s,
-                             u"La pagina da stampare manca o non si può impaginare (codice 1)."_s);
-    window.run();
-    QTRY_VERIFY(window.dialogs.finished());
-    QVERIFY(window.files().isEmpty());
+void TestFStampaBio::nothingToPrintIsTold() {
+    for (const PrintMode mode : {PrintMode::print, PrintMode::preview}) {
+        Window window(mode);
+        window.check(2)->click();
+        window.check(3)->click();
+        window.setRenderer(u"exit 9"_s); // not even asked
+        window.dialogs.expectBox(u"Errore"_s,
+                                 u"Non c'è niente da stampare: la pagina non esiste ancora.\n"
+                                 "Seleziona cosa vuoi stampare!"_s);
+        window.button(1)->click();
+        QVERIFY(window.dialogs.finished());
+        QVERIFY(window.button(1)->isEnabled());
+        QVERIFY(!window.browser()->isBusy());
+        QVERIFY(window.frame.window.isEnabled());
+        QVERIFY(window.files().isEmpty());
+    }
 }
 
 void TestFStampaBio::closingInTheMiddleLeavesNothing() {

@@ -13,11 +13,14 @@ class TestFStampaBio : public Test {
     void pageGoesWithItsPictures();
     void exportsWhatIsMissingAndPreviews();
     void printsWhatIsThere();
+    void asksAboutWhatIsOutdated_data();
+    void asksAboutWhatIsOutdated();
+    void asksAboutOtherSections();
     void exportsAgainWhenOnePieceIsMissing();
     void failedExportIsTold();
     void failedRendererIsTold_data();
     void failedRendererIsTold();
-    void pageThatIsNotThereIsTold();
+    void nothingToPrintIsTold();
     void closingInTheMiddleLeavesNothing();
 };
 

@@ -4,6 +4,7 @@
 #include "export/TestExportPng.h"
 #include "export/TestExportRun.h"
 #include "export/TestHtmlText.h"
+#include "export/TestLeftProducts.h"
 #include "export/TestSummaryPage.h"
 #include "support/Hermetic.h"
 
@@ -11,4 +12,4 @@
 
 QUOR_TEST_MAIN(QGuiApplication, quor::test::TestExportNames, quor::test::TestSummaryPage,
                quor::test::TestExportPng, quor::test::TestExportPictures, quor::test::TestExportRun,
-               quor::test::TestExportBatch, quor::test::TestHtmlText)
+               quor::test::TestExportBatch, quor::test::TestHtmlText, quor::test::TestLeftProducts)

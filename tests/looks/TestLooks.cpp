@@ -133,6 +133,7 @@ void TestLooks::boxesHaveNoFaults_data() {
         {"error",
          message(BoxKind::error, u"Overflow\nScrivere un numero di giorni da 1 a 32767."_s)},
         {"question", message(BoxKind::question, longText)},
+        {"openQuestion", message(BoxKind::openQuestion, longText)},
         {"loss", message(BoxKind::loss, u"Bioritmo di Anna\n\nEliminare le modifiche?"_s)},
         {"choice",
          [](QWidget* parent) {

@@ -75,8 +75,14 @@ class TellingHost : public DialogHost {
   public:
     Answer message(QWidget* /*parent*/, const MessageBox& box) override {
         say(u"box "_s + box.title + u'|' + box.text);
-        const bool asks = box.kind == BoxKind::question || box.kind == BoxKind::loss;
-        return asks ? Answer::no : Answer::ok;
+        switch (box.kind) {
+        case BoxKind::question:
+        case BoxKind::loss:
+        case BoxKind::openQuestion:
+            return Answer::no;
+        default:
+            return Answer::ok;
+        }
     }
     qsizetype choice(QWidget* /*parent*/, const ChoiceBox& box) override {
         say(u"choice "_s + box.title + u'|' + box.text);

@@ -13,9 +13,10 @@ QString describe(const QString& kind, const QStringList& parts) {
 }
 
 QString describeMessage(BoxKind kind, const QString& title, const QString& text) {
-    const QString kinds = kind == BoxKind::question ? u"question"_s
-                          : kind == BoxKind::loss   ? u"question before a loss"_s
-                                                    : u"box"_s;
+    const QString kinds = kind == BoxKind::question       ? u"question"_s
+                          : kind == BoxKind::loss         ? u"question before a loss"_s
+                          : kind == BoxKind::openQuestion ? u"question that may be left open"_s
+                                                          : u"box"_s;
     return describe(kinds, {title, text});
 }
 
@@ -55,6 +56,13 @@ void ScriptedDialogs::expectQuestion(const QString& title, const QString& text, 
 
 void ScriptedDialogs::expectLoss(const QString& title, const QString& text, Answer answer) {
     m_steps.push_back({.box = describeMessage(BoxKind::loss, title, text),
+                       .answer = answer,
+                       .text = {},
+                       .colour = {}});
+}
+
+void ScriptedDialogs::expectOpenQuestion(const QString& title, const QString& text, Answer answer) {
+    m_steps.push_back({.box = describeMessage(BoxKind::openQuestion, title, text),
                        .answer = answer,
                        .text = {},
                        .colour = {}});

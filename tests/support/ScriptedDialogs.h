@@ -26,6 +26,8 @@ class ScriptedDialogs : public DialogHost {
     void expectQuestion(const QString& title, const QString& text, Answer answer);
     /// A question before something is lost.
     void expectLoss(const QString& title, const QString& text, Answer answer);
+    /// A question with a button to cancel.
+    void expectOpenQuestion(const QString& title, const QString& text, Answer answer);
     /// @param button the one that is pressed
     void expectChoice(const QString& title, const QString& text, const QStringList& buttons,
                       const QString& button);

@@ -53,6 +53,17 @@ void TestDialogs::enterLosesNothing() {
         press(key);
         QCOMPARE(askBeforeLoss(nullptr, u"Eliminare?"_s, u"Conferma"_s), Answer::no);
     }
+    press(Qt::Key_Return);
+    QCOMPARE(askOrCancel(nullptr, u"Rifarle?"_s, u"Conferma"_s), Answer::yes);
+    press(Qt::Key_Escape);
+    QCOMPARE(askOrCancel(nullptr, u"Rifarle?"_s, u"Conferma"_s), Answer::cancel);
+    QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
+    QCOMPARE(askOrCancel(nullptr, u"Rifarle?"_s, u"Conferma"_s), Answer::cancel);
+    QTimer::singleShot(0, qApp, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        box->button(QMessageBox::No)->click();
+    });
+    QCOMPARE(askOrCancel(nullptr, u"Rifarle?"_s, u"Conferma"_s), Answer::no);
     const QStringList buttons{u"&Recupera"_s, u"&Elimina"_s, u"&Più tardi"_s};
     press(Qt::Key_Return);
     QCOMPARE(askChoice(nullptr, u"Recuperare?"_s, u"Recupero"_s, buttons), qsizetype{0});
