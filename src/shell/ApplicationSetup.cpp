@@ -2,6 +2,7 @@
 
 #include "toolkit/ImageList.h"
 #include "toolkit/LateInput.h"
+#include "toolkit/qt/Versions.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -93,6 +94,7 @@ void setUpLocale() {
 
 void setUpApplication(QApplication& application) {
     setUpLocale();
+    qt::quietAssistiveBridge();
     // The interface is Italian under every locale, and so are Qt's buttons.
     auto* translator = new QtTexts(&application);
     if (translator->load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {

@@ -1,6 +1,7 @@
 #include "toolkit/qt/Versions.h"
 
 #include <QLibraryInfo>
+#include <QLoggingCategory>
 #include <QVersionNumber>
 
 namespace quor::qt {
@@ -16,6 +17,10 @@ bool runsWithAtLeast(int major, int minor) {
 
 QSize scaledPixmapPixels(QSize size, qreal scale) {
     return runsWithAtLeast(6, 8) ? size * scale : size;
+}
+
+void quietAssistiveBridge() {
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.accessibility.atspi.warning=false"));
 }
 
 } // namespace quor::qt

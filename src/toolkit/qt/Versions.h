@@ -14,4 +14,13 @@ namespace quor::qt {
 /// @param size, scale as passed to `QIconEngine::scaledPixmap`
 [[nodiscard]] QSize scaledPixmapPixels(QSize size, qreal scale);
 
+/// Keeps what Qt's bridge to assistive tools says of objects that have just ended off standard
+/// error.
+///
+/// A tool is told of an end, asks about what has ended, and Qt answers and warns. Qt 6.4 warns only
+/// when it is built for its developers, Qt 6.8 and later always. It is the same with a message box
+/// of Qt alone (tests/qt-faults/atspi_lines.cpp). Whoever wants to read it sets QT_LOGGING_RULES.
+/// Test: each one of tests/e2e.
+void quietAssistiveBridge();
+
 } // namespace quor::qt
