@@ -133,8 +133,8 @@ void PageRenderer::startProcess() {
     });
     m_limit.start();
     m_process->start(m_program,
-                     wordsFor(m_sheet) +
-                         QStringList{u"--"_s, m_page.toLocalFile(), m_folder->filePath(u"pagine.pdf"_s)});
+                     wordsFor(m_sheet) + QStringList{u"--"_s, m_page.toLocalFile(),
+                                                     m_folder->filePath(u"pagine.pdf"_s)});
     m_group = m_process ? m_process->processId() : 0; // none when it did not start
 }
 

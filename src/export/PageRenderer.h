@@ -32,7 +32,9 @@ class PageRenderer : public QObject {
     [[nodiscard]] const QString& program() const { return m_program; }
     /// How long one page may take.
     void setTimeLimit(std::chrono::milliseconds limit) { m_limit.setInterval(limit); }
-    [[nodiscard]] std::chrono::milliseconds timeLimit() const { return m_limit.intervalAsDuration(); }
+    [[nodiscard]] std::chrono::milliseconds timeLimit() const {
+        return m_limit.intervalAsDuration();
+    }
 
     /// Starts with a page ("file:///..."). What is under way is forgotten. One of the two signals
     /// follows, never before this call has returned.

@@ -104,7 +104,7 @@ bool hasRoom(const Sheet& sheet) {
 }
 
 /// Leaves in the dialog what can be done. A file has no sides, no sheets with several pages and no
-/// queue to wait in; the dialog offers them, or shows them switched off.
+/// queue to wait in; Qt's dialog offers them, or shows them switched off.
 class Offer : public QObject {
   public:
     explicit Offer(QPrintDialog* dialog)
@@ -143,6 +143,11 @@ class Offer : public QObject {
             if (auto* control = m_dialog->findChild<QWidget*>(name)) {
                 control->setVisible(!isForFile());
             }
+        }
+        // Of one page Qt offers a part all the same.
+        if (auto* range = m_dialog->findChild<QWidget*>(u"gbPrintRange"_s)) {
+            range->setVisible(!isForFile() ||
+                              m_dialog->testOption(QAbstractPrintDialog::PrintPageRange));
         }
     }
 

@@ -440,6 +440,7 @@ void TestPrintDocument::offersAFileWhatItCanHave() {
     for (const QString& name : {u"duplex"_s, u"pageSetCombo"_s, u"pagesRadioButton"_s}) {
         QVERIFY2(hidden.contains(name), qPrintable(name));
     }
+    QVERIFY(!hidden.contains(u"gbPrintRange"_s));
     QCOMPARE(tabs.count(QString()), tabs.size() - 1);
     QVERIFY(!tabs.constFirst().isEmpty());
     QVERIFY(sizes.contains(u"A4"_s) && sizes.contains(u"A6"_s));
