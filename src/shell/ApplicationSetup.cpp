@@ -2,6 +2,7 @@
 
 #include "toolkit/ImageList.h"
 #include "toolkit/LateInput.h"
+#include "toolkit/qt/ListEscape.h"
 #include "toolkit/qt/Versions.h"
 
 #include <QApplication>
@@ -105,6 +106,7 @@ void setUpApplication(QApplication& application) {
     QApplication::setDesktopFileName(u"quor"_s);
     QApplication::setWindowIcon(emblem());
     application.installEventFilter(new LateInput(&application));
+    application.installEventFilter(new qt::ListEscape(&application));
     // The frame decides when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);
 }

@@ -5,6 +5,7 @@
 #include "toolkit/TestDrawing.h"
 #include "toolkit/TestLateInput.h"
 #include "toolkit/TestLineText.h"
+#include "toolkit/TestListEscape.h"
 #include "toolkit/TestLongCurves.h"
 #include "toolkit/TestPictures.h"
 #include "toolkit/TestSettingsStore.h"
@@ -15,6 +16,6 @@
 
 QUOR_TEST_MAIN(QApplication, quor::test::TestBusyCursor, quor::test::TestCommands,
                quor::test::TestDialogs, quor::test::TestDrawing, quor::test::TestLateInput,
-               quor::test::TestLineText, quor::test::TestLongCurves, quor::test::TestPictures,
-               quor::test::TestSettingsStore, quor::test::TestToolTipText,
+               quor::test::TestLineText, quor::test::TestListEscape, quor::test::TestLongCurves,
+               quor::test::TestPictures, quor::test::TestSettingsStore, quor::test::TestToolTipText,
                quor::test::TestWindowTitle)
