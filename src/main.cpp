@@ -44,9 +44,16 @@ void failAtClosedPipe() {
     std::signal(SIGPIPE, SIG_IGN); // NOLINT(bugprone-signal-handler): none is called
 }
 
-/// While the application connects to the display: the toolkit ends the process where there is none,
-/// after many lines; one says it.
+/// While the application connects to the display: Qt ends the process where there is none, after
+/// many lines; one says it. Another says that Qt lacks a plugin: installing it helps, also where Qt
+/// has found another way to the display.
 void reportNoDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+    if (text.startsWith(u"Could not find the Qt platform plugin")) {
+        const QString advice =
+            text.contains(u"wayland") ? u" (installare il pacchetto qt6-wayland)"_s : QString();
+        print(stderr, u"quor: a Qt manca un plugin: %1%2\n"_s.arg(text.trimmed(), advice));
+        return;
+    }
     if (type == QtFatalMsg) {
         print(stderr, u"quor: nessuno schermo disponibile\n"_s);
         std::_Exit(quor::exitStatus::failure);
