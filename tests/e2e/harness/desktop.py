@@ -8,7 +8,7 @@ import tempfile
 
 from . import atspi
 from .hands import Hands
-from .nodes import parent_of, role_of
+from .nodes import extents_of, parent_of, role_of
 from .servers import Servers, is_foreign
 from .waiting import wait_for
 
@@ -31,6 +31,9 @@ class Desktop(Hands):
     Everything it starts is ended by `stop`, which also runs at exit.  There
     can be one in a process only, as libatspi knows a single bus.
     """
+
+    # What the environment of a program on it has besides.
+    session_variables = {"QT_QPA_PLATFORM": "xcb"}
 
     _started_in_this_process = False
 
@@ -76,6 +79,11 @@ class Desktop(Hands):
             os.environ.pop(name, None)
         os.environ.update(self._saved_environment)
         shutil.rmtree(directory, ignore_errors=True)
+
+    def place_of(self, node):
+        """(x, y, width, height) on the screen, where the mouse finds a node; (0, 0, 0, 0) for one
+        that has no place yet."""
+        return extents_of(node)
 
     def path(self, name):
         """The path of a file of this name in the desktop's temporary folder."""

@@ -54,6 +54,15 @@ class Hands:
     def move_to(self, x, y):
         self.xdotool("mousemove", x - 3, y - 2, "mousemove", x, y)
 
+    def drag(self, start, end):
+        """Presses the mouse at one place and lets it go at another."""
+        self.xdotool("mousemove", *start, "mousedown", 1)
+        steps = 8  # the things between are to see it come
+        for step in range(1, steps + 1):
+            self.xdotool("mousemove", *(a + (b - a) * step // steps for a, b in zip(start, end)),
+                         "sleep", 0.05)
+        self.xdotool("mouseup", 1)
+
     def _outwait_double_click(self, x, y):
         when, last_x, last_y = self._last_click
         if max(abs(x - last_x), abs(y - last_y)) < DOUBLE_CLICK_DISTANCE:

@@ -12,7 +12,7 @@ from .boxes import FileDialog, MessageBox
 from .desktop import home_variables
 from .menus import MenuBar, open_popup
 from .nodes import (DIALOG_ROLES, OUTER_PARENT_ROLES, OUTER_ROLES, TEXT_ROLES, children_of,
-                    describe, extents_of, has_state, is_active, is_showing, labels_of, matches,
+                    describe, has_state, is_active, is_showing, labels_of, matches,
                     name_of, plain, role_of, text_of, walk)
 from .processes import spawn, stop_process
 from .waiting import DEFAULT_TIMEOUT, HarnessError, wait_for
@@ -39,7 +39,7 @@ class Program:
         self.home = home or desktop.new_home()
         environment = {**desktop.environment, **home_variables(self.home),
                        "QT_ACCESSIBILITY": "1", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-                       "QT_QPA_PLATFORM": "xcb", **(env or {})}
+                       **desktop.session_variables, **(env or {})}
         self._death_was_wanted = False
         desktop.shown_popups.clear()
         descriptor, self._stderr_path = tempfile.mkstemp(dir=desktop.directory,
@@ -241,7 +241,7 @@ class Program:
 
         def at_rest():
             try:
-                place = extents_of(node)
+                place = self.desktop.place_of(node)
             except GLib.Error:
                 return None
             previous, seen[0] = seen[0], place

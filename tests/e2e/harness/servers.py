@@ -50,6 +50,20 @@ _OPENBOX_CONFIGURATION = """<?xml version="1.0" encoding="UTF-8"?>
 </openbox_config>
 """
 
+# No panel, no keyboard on the screen, no locked screen; windows are at their place at once.
+_WESTON_CONFIGURATION = """[core]
+idle-time=0
+[input-method]
+path=
+[shell]
+panel-position=none
+locking=false
+animation=none
+startup-animation=none
+close-animation=none
+focus-animation=none
+"""
+
 # No service directories: nothing of the machine's own session (portals,
 # settings daemons) can be activated on this bus.
 _SESSION_BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC
@@ -66,8 +80,6 @@ _SESSION_BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC
   </policy>
 </busconfig>
 """
-
-# What can be typed on the Italian layout without further ado, as part of a
 
 _BUS_LAUNCHERS = ("/usr/libexec/at-spi-bus-launcher",
                   "/usr/lib/at-spi2-core/at-spi-bus-launcher")
@@ -176,6 +188,27 @@ class Servers:
         wait_for(lambda: run_tool(self.environment, "xdotool",
                                   "get_num_desktops").returncode == 0,
                  lambda: "the window manager does not answer\n" + self._log_text())
+
+    def start_compositor(self):
+        """weston over the whole X display, so that the hands of X reach what is on it.
+
+        Returns its process.
+        """
+        configuration = self._write("weston.ini", _WESTON_CONFIGURATION)
+        width, height = self._size
+        name = "wayland-0"
+        process = self._serve(["weston", "--backend=x11-backend.so", "--use-pixman",
+                               "--fullscreen", f"--width={width}", f"--height={height}",
+                               f"--socket={name}", f"--config={configuration}",
+                               "--debug"])  # it tells then where windows are
+        self.environment["WAYLAND_DISPLAY"] = name
+        wait_for(lambda: "background" in self.scene(),
+                 lambda: "the Wayland compositor does not answer\n" + self._log_text())
+        return process
+
+    def scene(self):
+        """What the compositor says of all that is on its screen; empty while it does not answer."""
+        return run_tool(self.environment, "weston-debug", "scene-graph").stdout
 
     def _serve(self, argv, **options):
         options.setdefault("stdout", self._log)
