@@ -1,5 +1,6 @@
 #include "export/FEspBio.h"
 
+#include "toolkit/ItemChoice.h"
 #include "toolkit/LineText.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
@@ -19,6 +20,7 @@ FEspBio::FEspBio(Program& program, Frame& frame, QWidget* parent)
     setAttribute(Qt::WA_DeleteOnClose);
     m_ui->setupUi(this);
     m_ui->Combo1->setCurrentIndex(-1);
+    chooseByTool(*m_ui->Combo1);
     m_ui->List1->addItem(u"In attesa"_s);
     connect(m_ui->Check1, &QCheckBox::toggled, this, &FEspBio::choose);
     connect(m_ui->Check2, &QCheckBox::toggled, this, &FEspBio::choose);

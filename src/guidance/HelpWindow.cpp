@@ -4,6 +4,7 @@
 #include "guidance/HelpBrowser.h"
 #include "guidance/HelpCollection.h"
 #include "toolkit/ImageList.h"
+#include "toolkit/ItemChoice.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -199,6 +200,8 @@ QWidget* HelpWindow::buildContents() {
     };
     connect(contents, &QAbstractItemView::clicked, this, open);
     connect(contents, &QAbstractItemView::activated, this, open);
+    selectItemsByTool(*contents);
+    whenChosenByTool(*contents, open);
     connect(m_collection->engine().contentModel(), &QHelpContentModel::contentsCreated, this,
             [this, contents] {
                 contents->expandAll();
@@ -220,6 +223,10 @@ QWidget* HelpWindow::buildIndex() {
             [index](const QString& text) { index->filterIndices(text); });
     connect(filter, &QLineEdit::returnPressed, index, &QHelpIndexWidget::activateCurrentItem);
     connect(index, &QAbstractItemView::clicked, index, [index] { index->activateCurrentItem(); });
+    whenChosenByTool(*index, [index](const QModelIndex& entry) {
+        index->setCurrentIndex(entry);
+        index->activateCurrentItem();
+    });
     connect(index, &QHelpIndexWidget::documentActivated, this,
             [this](const QHelpLink& document) { follow(document.url); });
     connect(index, &QHelpIndexWidget::documentsActivated, this,
@@ -254,6 +261,8 @@ QWidget* HelpWindow::buildSearch() {
     };
     connect(m_results, &QListWidget::itemClicked, this, open);
     connect(m_results, &QListWidget::itemActivated, this, open);
+    whenChosenByTool(
+        *m_results, [this, open](const QModelIndex& found) { open(m_results->item(found.row())); });
     connect(m_collection.get(), &HelpCollection::found, this, &HelpWindow::showResults);
 
     auto* page = new QWidget;
@@ -338,7 +347,7 @@ void HelpWindow::selectInContents(const QUrl& page) {
     if (index.isValid()) {
         contents->setCurrentIndex(index);
     } else {
-        contents->clearSelection();
+        contents->setCurrentIndex({});
     }
 }
 

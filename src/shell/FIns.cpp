@@ -23,7 +23,7 @@ FIns::FIns(Program& program, Frame& frame, QWidget* parent)
     Biorhythm& biorhythm = m_program.biorhythm;
     const auto bind = [this](QCheckBox* check, bool& flag) {
         check->setChecked(flag);
-        connect(check, &QCheckBox::clicked, this, [&flag](bool checked) { flag = checked; });
+        connect(check, &QCheckBox::toggled, this, [&flag](bool checked) { flag = checked; });
     };
     bind(m_ui->Check1, biorhythm.openGraph);
     bind(m_ui->Check4, biorhythm.openWeekly);

@@ -15,8 +15,8 @@ class FIns;
 
 /// The dialog for a new biorhythm: a name, two dates and the views to open.
 ///
-/// It keeps nothing of its own: a check box writes its flag into the record the moment it is
-/// clicked, and "&Ok" stores the rest and applies the biorhythm. What cannot be accepted, or added
+/// It keeps nothing of its own: a check box writes its flag into the record the moment it
+/// changes, and "&Ok" stores the rest and applies the biorhythm. What cannot be accepted, or added
 /// to the open system, stores nothing and leaves the dialog open.
 class FIns : public QDialog {
     Q_OBJECT

@@ -4,6 +4,7 @@
 #include "system/SystemTreeModel.h"
 #include "toolkit/CalculationDate.h"
 #include "toolkit/ImageList.h"
+#include "toolkit/ItemChoice.h"
 #include "toolkit/Messages.h"
 #include "toolkit/SecondClick.h"
 #include "toolkit/ShowHelp.h"
@@ -79,9 +80,14 @@ FProj::FProj(Program& program, Frame& frame, QWidget* parent)
 
     QTreeView* tree = m_ui->TreeView1;
     tree->setModel(m_tree);
+    selectItemsByTool(*tree);
     // One click, one window: the views open by the click itself and by the key, and not by what a
-    // desktop takes for activation, which may be that same click or a second one.
+    // desktop takes for activation, which may be that same click or a second one. Assistive tools
+    // can only select a leaf, and press the button then.
     connect(tree, &QTreeView::clicked, this, &FProj::openClicked);
+    connect(tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &FProj::showButtons);
+    connect(m_tree, &QAbstractItemModel::modelReset, this, &FProj::showButtons);
     tree->installEventFilter(this);
     tree->viewport()->installEventFilter(this);
 
@@ -97,6 +103,7 @@ void FProj::connectButtons() {
     const auto connectButton = [this](QAbstractButton* button, void (FProj::*action)()) {
         connect(button, &QAbstractButton::clicked, this, action);
     };
+    connectButton(m_ui->CommandOpen, &FProj::openSelectedView);
     connectButton(m_ui->Command1, &FProj::insertNew);
     connectButton(m_ui->Command2, &FProj::insertExisting);
     connectButton(m_ui->Command7, &FProj::removeMember);
@@ -187,12 +194,16 @@ void FProj::showButtons() {
     enable({m_ui->Command3, m_ui->Command8, m_ui->Command9, m_ui->Command10, m_ui->Command11,
             m_ui->TreeView1},
            free);
+    m_ui->CommandOpen->setEnabled(free && SystemTreeModel::view(selectedNode()).has_value());
+}
+
+QModelIndex FProj::selectedNode() const {
+    return m_ui->TreeView1->selectionModel()->selectedIndexes().value(0);
 }
 
 QModelIndex FProj::selectedMember(const QString& purpose) {
-    const QModelIndexList selected = m_ui->TreeView1->selectionModel()->selectedIndexes();
-    if (selected.size() == 1 && SystemTreeModel::isMember(selected.constFirst())) {
-        return selected.constFirst();
+    if (const QModelIndex node = selectedNode(); SystemTreeModel::isMember(node)) {
+        return node;
     }
     showError(this,
               u"L'elemento selezionato non è valido. Selezionare un bioritmo da %1."_s.arg(purpose),
@@ -246,6 +257,10 @@ ChildWindow* FProj::openView(const QModelIndex& node) {
     setTitle(*window, title + member.name);
     m_frame.showChild(window);
     return window;
+}
+
+void FProj::openSelectedView() {
+    openView(selectedNode());
 }
 
 void FProj::openMeanGraph() {

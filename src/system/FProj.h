@@ -71,6 +71,8 @@ class FProj : public ChildWindow {
     void enableMemberButtons(bool enabled);
     void showButtons();
 
+    /// The one node that is selected; invalid when none is.
+    [[nodiscard]] QModelIndex selectedNode() const;
     /// The member that is selected; nothing after a message that ends in the given words when
     /// none is.
     [[nodiscard]] QModelIndex selectedMember(const QString& purpose);
@@ -81,6 +83,7 @@ class FProj : public ChildWindow {
     ChildWindow* openView(const QModelIndex& node);
     /// The same for a click, which may be the first of two.
     void openClicked(const QModelIndex& node);
+    void openSelectedView();
     void openMeanGraph();
     void openMeanStatistics();
     void openMeanForecasts();

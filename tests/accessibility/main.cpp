@@ -1,3 +1,4 @@
+#include "accessibility/TestActions.h"
 #include "accessibility/TestChildKeys.h"
 #include "accessibility/TestWindowFaults.h"
 #include "accessibility/TestWindows.h"
@@ -5,5 +6,5 @@
 
 #include <QApplication>
 
-QUOR_TEST_MAIN(QApplication, quor::test::TestChildKeys, quor::test::TestWindowFaults,
-               quor::test::TestWindows)
+QUOR_TEST_MAIN(QApplication, quor::test::TestActions, quor::test::TestChildKeys,
+               quor::test::TestWindowFaults, quor::test::TestWindows)

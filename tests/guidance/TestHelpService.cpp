@@ -279,6 +279,12 @@ void TestHelpService::searchFindsInversione() {
     emit results->itemActivated(
         results->item(static_cast<int>(titles.indexOf(u"Le previsioni"_s))));
     QCOMPARE(shownPage(help), u"2prev.html"_s);
+
+    // As assistive tools do: they select without moving the current item along.
+    const auto other = titles.indexOf(u"Le previsioni"_s) == 0 ? 1 : 0;
+    results->selectionModel()->select(results->model()->index(other, 0),
+                                      QItemSelectionModel::ClearAndSelect);
+    QTRY_VERIFY(shownPage(help) != u"2prev.html"_s);
 }
 
 /// The thread of a search that has only just been started finds its object gone, now and then,

@@ -42,7 +42,6 @@ void compareTwo(QWidget& window) {
     const auto lists = window.findChildren<QComboBox*>();
     for (int i = 0; i < lists.size(); ++i) {
         lists.at(i)->setCurrentIndex(i);
-        emit lists.at(i)->activated(i);
     }
 }
 

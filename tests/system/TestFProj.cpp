@@ -256,7 +256,7 @@ void TestFProj::accessKeysAndTabOrder() {
             keys << key;
         }
     }
-    QCOMPARE(keys.size(), 7);
+    QCOMPARE(keys.size(), 8);
 
     QStringList order;
     for (const QWidget* widget = fixture.tree(); !order.contains(widget->objectName());
@@ -264,11 +264,11 @@ void TestFProj::accessKeysAndTabOrder() {
         if (widget->objectName().startsWith(u"Command"_s)) {
             order << widget->objectName();
         }
-        if (order.size() == 15) {
+        if (order.size() == 16) {
             break;
         }
     }
-    QCOMPARE(order.join(u' ').remove(u"Command"_s), u"1 2 7 5 6 4 8 12 13 14 15 10 3 9 11"_s);
+    QCOMPARE(order.join(u' ').remove(u"Command"_s), u"Open 1 2 7 5 6 4 8 12 13 14 15 10 3 9 11"_s);
 }
 
 void TestFProj::tabsChooseTheFrames() {
@@ -489,6 +489,31 @@ void TestFProj::theEnterKeyOpens() {
     fixture.button(u"Command6"_s)->setFocus();
     QTest::keyClick(fixture.button(u"Command6"_s), Qt::Key_Return);
     QCOMPARE(fixture.frame.calls.constLast(), u"show Statistiche di sistema"_s);
+}
+
+/// For those who can select a leaf and not click it: usable as the tree is, with a leaf selected.
+void TestFProj::theButtonOpens() {
+    Fixture fixture({u"Anna"_s, u"Bruno"_s});
+    const auto* open = fixture.button(u"CommandOpen"_s);
+    const auto select = [&fixture](const QModelIndex& node) {
+        fixture.tree()->selectionModel()->select(node, QItemSelectionModel::ClearAndSelect);
+    };
+    QVERIFY(!open->isEnabled());
+    select(fixture.member(1));
+    QVERIFY(!open->isEnabled());
+    const QModelIndex leaf = fixture.tree()->model()->index(1, 0, fixture.member(1));
+    select(leaf);
+    QVERIFY(open->isEnabled());
+    QCOMPARE(fixture.frame.calls, QStringList());
+    fixture.button(u"CommandOpen"_s)->click();
+    QCOMPARE(fixture.frame.calls, QStringList(u"show Grafico settimanale per Bruno"_s));
+
+    fixture.window->setUsable(FProj::Usable::insertion);
+    QVERIFY(!open->isEnabled());
+    fixture.window->setUsable(FProj::Usable::everything);
+    QVERIFY(open->isEnabled());
+    fixture.window->fillTree(); // the nodes are others now
+    QVERIFY(!open->isEnabled());
 }
 
 void TestFProj::invalidSelections_data() {

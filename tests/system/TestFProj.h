@@ -27,6 +27,7 @@ class TestFProj : public Test {
     void aMemberOpensNothing();
     void oneWindowHoweverItIsOpened();
     void theEnterKeyOpens();
+    void theButtonOpens();
 
     void invalidSelections_data();
     void invalidSelections();

@@ -1,5 +1,6 @@
 #include "views/analysis/FComp.h"
 
+#include "toolkit/ItemChoice.h"
 #include "toolkit/LineText.h"
 #include "toolkit/Messages.h"
 #include "toolkit/PictureBox.h"
@@ -74,7 +75,9 @@ FComp::FComp(const Program& program, QWidget* parent)
                 [this, panel] { drawPanel(panel); });
     }
     for (Choice& choice : m_choices) {
-        connect(choice.list, &QComboBox::activated, this, [this, &choice] { choose(choice); });
+        connect(choice.list, &QComboBox::currentIndexChanged, this,
+                [this, &choice] { choose(choice); });
+        chooseByTool(*choice.list);
     }
     connect(m_ui->Command1, &QPushButton::clicked, this, &FComp::closeWindow);
     connect(m_ui->Command2, &QPushButton::clicked, this,

@@ -1,5 +1,6 @@
 #include "views/graph/FGrOpt.h"
 
+#include "toolkit/ItemChoice.h"
 #include "toolkit/Messages.h"
 #include "toolkit/ShowHelp.h"
 #include "views/graph/DaysEntry.h"
@@ -20,8 +21,12 @@ FGrOpt::FGrOpt(Program& program, QWidget* parent)
     for (std::size_t i = 0; i < m_swatches.size(); ++i) {
         connect(m_swatches.at(i), &ColourSwatch::clicked, this, [this, i] { chooseColour(i); });
     }
-    connect(m_ui->Combo1, &QComboBox::activated, this,
-            [this](int index) { m_options.dayIndexPosition = static_cast<std::uint8_t>(index); });
+    connect(m_ui->Combo1, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (index >= 0) {
+            m_options.dayIndexPosition = static_cast<std::uint8_t>(index);
+        }
+    });
+    chooseByTool(*m_ui->Combo1);
     connect(m_ui->Command1, &QPushButton::clicked, this, &FGrOpt::accept);
     connect(m_ui->Command2, &QPushButton::clicked, this, &FGrOpt::reject);
     connect(m_ui->Command3, &QPushButton::clicked, this, [this] {

@@ -40,7 +40,7 @@ GraphWindow::GraphWindow(Program& program, Frame& frame, std::unique_ptr<GraphSo
     m_checks = {m_ui->Check1, m_ui->Check2, m_ui->Check3, m_ui->Check4, m_ui->Check5};
     for (std::size_t i = 0; i < m_checks.size(); ++i) {
         m_checks.at(i)->setChecked(m_showFlags.at(i));
-        connect(m_checks.at(i), &QCheckBox::clicked, this,
+        connect(m_checks.at(i), &QCheckBox::toggled, this,
                 [this, i](bool shown) { chooseElement(static_cast<GraphElement>(i), shown); });
     }
     colourCheckBoxes();

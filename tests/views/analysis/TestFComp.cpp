@@ -65,11 +65,7 @@ class Fixture {
     [[nodiscard]] PictureBox* panel(int number) const {
         return window->findChild<PictureBox*>(u"Picture1_%1"_s.arg(number));
     }
-    /// As the user does it.
-    void choose(int number, int member) const {
-        list(number)->setCurrentIndex(member);
-        emit list(number)->activated(member);
-    }
+    void choose(int number, int member) const { list(number)->setCurrentIndex(member); }
     [[nodiscard]] std::vector<Drawing> drawings() const {
         std::vector<Drawing> all;
         for (int i = 0; i < 4; ++i) {
