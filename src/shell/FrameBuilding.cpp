@@ -105,6 +105,8 @@ void MDIForm1::buildPopup() {
     add(u"mnuPopEm"_s);
     add(u"mnuPopInt"_s);
     add(u"mnuPopMed"_s);
+    add(u"mnuPopNota"_s);
+    m_popup->actions().constLast()->setEnabled(false);
     m_popup->addSeparator()->setObjectName(u"mnuPopBar2"_s);
     QAction* options = m_popup->addAction(u"Opzioni"_s);
     options->setObjectName(u"mnuPopOpt"_s);

@@ -89,6 +89,8 @@ void MDIForm1::showDayPopup(const DayPopup& popup, QPoint globalPosition) {
     setCaption(u"mnuPopEm"_s, popup.emotional);
     setCaption(u"mnuPopInt"_s, popup.intellectual);
     setCaption(u"mnuPopMed"_s, popup.mean);
+    setCaption(u"mnuPopNota"_s, popup.note);
+    m_popup->findChild<QAction*>(u"mnuPopNota"_s)->setVisible(!popup.note.isEmpty());
     m_popup->popup(globalPosition);
 }
 

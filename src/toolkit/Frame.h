@@ -28,6 +28,7 @@ struct DayPopup {
     QString emotional;
     QString intellectual;
     QString mean;
+    QString note{}; ///< said below the values, where it is not empty
 };
 
 /// What a step of a guided tour leaves of the program. The commands stand in tables that outlive

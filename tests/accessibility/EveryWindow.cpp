@@ -39,7 +39,15 @@ const std::vector<WindowEntry>& everyWindow() {
              s.frame.run(C::mnuGrafico);
              return &s.frame;
          }},
-        {"quor::FGrph", [](WindowScene& s) { return s.afterCommand<FGrph>(C::mnuGrafico); }},
+        {"quor::FGrph",
+         [](WindowScene& s) {
+             // With other days than it was opened with, about which it has more to say.
+             QWidget* window = s.afterCommand<FGrph>(C::mnuGrafico);
+             GraphOptions options = graphOptions(s.program.biorhythm);
+             options.graphDaysAdjust = 10;
+             qobject_cast<FGrph*>(window)->applyGraphOptions(options);
+             return window;
+         }},
         {"quor::FGrphSet",
          [](WindowScene& s) { return s.afterCommand<FGrphSet>(C::mnuStatoSettimanale); }},
         {"quor::FStat", [](WindowScene& s) { return s.afterCommand<FStat>(C::mnuStatoOdierno); }},

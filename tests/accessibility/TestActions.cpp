@@ -112,10 +112,10 @@ QString consequences(const WindowScene& scene, const NotingHost& boxes, const QW
         if (widget->isVisible() && widget != control &&
             (control == nullptr || !control->isAncestorOf(widget)) &&
             widget->windowType() != Qt::Popup && widget->windowType() != Qt::ToolTip) {
-            widgets << u"%1 %2 %3 %4: %5"_s.arg(QString::fromLatin1(widget->metaObject()->className()),
-                                                widget->objectName(),
-                                                widget->isEnabled() ? QString() : u"disabled"_s,
-                                                widget->windowTitle(), told(*widget));
+            widgets << u"%1 %2 %3 %4: %5"_s.arg(
+                QString::fromLatin1(widget->metaObject()->className()), widget->objectName(),
+                widget->isEnabled() ? QString() : u"disabled"_s, widget->windowTitle(),
+                told(*widget));
         }
     }
     widgets.sort();
@@ -236,7 +236,8 @@ QString differences(const WindowEntry& entry, const Place& place, const Way<Cont
                     const QList<Way<Control>>& byTool) {
     // What these say counts later, or never.
     static const QStringList inert{u"FEspBio Check3"_s,    u"FEspBio Combo1"_s,
-                                   u"FStampaBio Check1"_s, u"FStampaBio Check2"_s, u"FStampaBio Check3"_s, u"FFastStart Check1"_s,
+                                   u"FStampaBio Check1"_s, u"FStampaBio Check2"_s,
+                                   u"FStampaBio Check3"_s, u"FFastStart Check1"_s,
                                    u"FFastStart Frame3"_s, u"FEspBio List1"_s};
     const auto outcome = [&](const Way<Control>& way) {
         Stage stage(entry);
@@ -271,7 +272,8 @@ QAccessibleInterface* itemInterface(QAbstractItemView& view, const QModelIndex& 
     QAccessibleInterface* list = interfaceOf(&view);
     for (int i = 0; list != nullptr && i < list->childCount(); ++i) {
         QAccessibleInterface* item = list->child(i);
-        if (item->rect() == view.visualRect(index).translated(view.viewport()->mapToGlobal(QPoint()))) {
+        if (item->rect() ==
+            view.visualRect(index).translated(view.viewport()->mapToGlobal(QPoint()))) {
             return item;
         }
     }

@@ -95,7 +95,8 @@ void TestMDIForm1::menusAndToolbar() {
         popup << action->objectName();
     }
     QCOMPARE(popup, (QStringList{u"mnuPopGiorno"_s, u"mnuPopBar1"_s, u"mnuPopFis"_s, u"mnuPopEm"_s,
-                                 u"mnuPopInt"_s, u"mnuPopMed"_s, u"mnuPopBar2"_s, u"mnuPopOpt"_s}));
+                                 u"mnuPopInt"_s, u"mnuPopMed"_s, u"mnuPopNota"_s, u"mnuPopBar2"_s,
+                                 u"mnuPopOpt"_s}));
 }
 
 void TestMDIForm1::whatStartsDisabled() {
@@ -433,7 +434,16 @@ void TestMDIForm1::popupOptionsReachTheActiveChild() {
     QCOMPARE(fixture.action(u"mnuPopGiorno"_s)->text(), u"Giorno 15/03/2004"_s);
     QCOMPARE(fixture.action(u"mnuPopMed"_s)->text(), u"Media: -6"_s);
     QCOMPARE(fixture.action(u"mnuPopOpt"_s)->text(), u"Opzioni"_s);
-    fixture.frame.findChild<QMenu*>(u"mnuPopUp"_s)->close();
+    QVERIFY(!fixture.action(u"mnuPopNota"_s)->isVisible());
+    DayPopup noted;
+    noted.note = u"Le curve cominciano altrove."_s;
+    fixture.frame.showDayPopup(noted, {10, 10});
+    auto* menu = fixture.frame.findChild<QMenu*>(u"mnuPopUp"_s);
+    const QAction* note =
+        menu->actions().at(menu->actions().indexOf(fixture.action(u"mnuPopMed"_s)) + 1);
+    QCOMPARE(note->text(), u"Le curve cominciano altrove."_s);
+    QVERIFY(note->isVisible() && !note->isEnabled());
+    menu->close();
     fixture.action(u"mnuPopOpt"_s)->trigger();
     QVERIFY(fixture.frame.findChild<FGrph*>()->findChild<FGrOpt*>() != nullptr);
 }

@@ -72,10 +72,10 @@ void TestItemChoice::inATreeTheItemItself() {
     for (int item = 0; item < 6; ++item) {
         selectByTool(view, item + 1); // after the header
         QCOMPARE(tree.selectedItems().size(), 1);
-        QCOMPARE(tree.selectedItems().constFirst()->text(0),
-                 (QStringList{u"uno"_s, u"primo"_s, u"secondo"_s, u"due"_s, u"primo"_s,
-                              u"secondo"_s})
-                     .at(item));
+        QCOMPARE(
+            tree.selectedItems().constFirst()->text(0),
+            (QStringList{u"uno"_s, u"primo"_s, u"secondo"_s, u"due"_s, u"primo"_s, u"secondo"_s})
+                .at(item));
     }
 }
 

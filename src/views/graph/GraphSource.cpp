@@ -12,8 +12,8 @@ constexpr std::size_t unnoticed = 5'000'000;
 } // namespace
 
 PersonGraph::PersonGraph(const Biorhythm& biorhythm)
-    : m_startDayCount(dayCountOnCalculationDate(biorhythm) -
-                      daysAround(biorhythm.graphDaysAdjust)) {}
+    : m_startingSpan(daysAround(biorhythm.graphDaysAdjust))
+    , m_startDayCount(dayCountOnCalculationDate(biorhythm) - m_startingSpan) {}
 
 GraphSeries PersonGraph::series(std::int32_t daysAround) const {
     return personSeries(m_startDayCount, daysAround);
@@ -25,6 +25,15 @@ DayValues PersonGraph::valuesOn(std::int32_t day, std::int32_t /*daysAround*/) c
             .emotional = cycleValue(dayCount, Period::emotional),
             .intellectual = cycleValue(dayCount, Period::intellectual),
             .mean = cycleMean(dayCount)};
+}
+
+std::int32_t PersonGraph::startingSpan(std::int32_t /*daysAround*/) const {
+    return m_startingSpan;
+}
+
+void PersonGraph::restart(std::int32_t daysAround, std::int32_t daysLater) {
+    m_startDayCount += m_startingSpan - daysAround + daysLater;
+    m_startingSpan = daysAround;
 }
 
 bool PersonGraph::takesLong(std::int32_t /*daysAround*/) const {

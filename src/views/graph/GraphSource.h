@@ -36,21 +36,34 @@ class GraphSource {
     /// What the popup says about a day of that span, counted from its first day.
     [[nodiscard]] virtual DayValues valuesOn(std::int32_t day, std::int32_t daysAround) const = 0;
 
+    /// The span whose first day the curves begin with: the one given, or the one before which the
+    /// source was made or restarted.
+    [[nodiscard]] virtual std::int32_t startingSpan(std::int32_t daysAround) const {
+        return daysAround;
+    }
+
+    /// Begins with the first day of that span from now on.
+    /// @param daysLater by which the calculation date has moved
+    virtual void restart(std::int32_t /*daysAround*/, std::int32_t /*daysLater*/) {}
+
     /// The series of that span may take long enough to be worth a busy cursor.
     [[nodiscard]] virtual bool takesLong(std::int32_t daysAround) const = 0;
 };
 
 /// The current person. The first day drawn has the day count that it had when the window was made,
-/// whatever span is shown later.
+/// whatever span is shown later, until it is restarted.
 class PersonGraph final : public GraphSource {
   public:
     explicit PersonGraph(const Biorhythm& biorhythm);
 
     [[nodiscard]] GraphSeries series(std::int32_t daysAround) const override;
     [[nodiscard]] DayValues valuesOn(std::int32_t day, std::int32_t daysAround) const override;
+    [[nodiscard]] std::int32_t startingSpan(std::int32_t daysAround) const override;
+    void restart(std::int32_t daysAround, std::int32_t daysLater) override;
     [[nodiscard]] bool takesLong(std::int32_t daysAround) const override;
 
   private:
+    std::int32_t m_startingSpan;
     std::int32_t m_startDayCount;
 };
 

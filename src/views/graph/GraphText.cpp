@@ -44,6 +44,11 @@ DayTexts dayTexts(const DayValues& values) {
             .mean = valueText(u"Media"_s, values.mean)};
 }
 
+QString startNote(DateValue firstDay, const QLocale& locale) {
+    return u"Le curve cominciano ancora dal giorno con cui sono state aperte (%1)."_s.arg(
+        shortDate(firstDay, locale));
+}
+
 QString describeGraph(const GraphContents& contents, const QLocale& locale) {
     const DayTexts day = dayTexts(contents.values);
     const QStringList values{day.physical, day.emotional, day.intellectual, day.mean};
@@ -54,6 +59,9 @@ QString describeGraph(const GraphContents& contents, const QLocale& locale) {
     sentences << u"Data di calcolo: "_s + longDate(contents.calculationDate, locale) + u'.'
               << values.join(u", "_s) + u'.' << spanText(contents, locale)
               << drawnText(contents.drawn);
+    if (!contents.note.isEmpty()) {
+        sentences << contents.note;
+    }
     return sentences.join(u' ');
 }
 

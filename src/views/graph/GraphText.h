@@ -24,17 +24,22 @@ struct DayTexts {
 
 [[nodiscard]] DayTexts dayTexts(const DayValues& values);
 
+/// What a graph says while its span is not the one that its curves were opened with.
+/// @param firstDay of that one
+[[nodiscard]] QString startNote(DateValue firstDay, const QLocale& locale = QLocale());
+
 /// What a picture shows.
 struct GraphContents {
     QString title; ///< whose graph it is: "Grafico di Maria Rossi"
     DateValue calculationDate = 0;
-    DayValues values;            ///< on the calculation date
+    DayValues values;            ///< of the calculation date, wherever the curves begin
     std::int32_t daysAround = 1; ///< days on each side of it
     ShowFlags drawn{};           ///< by `GraphElement`
+    QString note{};              ///< `startNote`, or nothing
 };
 
 /// A graph in words: whose it is, the calculation date with its four values (also those whose
-/// curves are not drawn), the span, and what is drawn.
+/// curves are not drawn), the span, what is drawn, and the note.
 [[nodiscard]] QString describeGraph(const GraphContents& contents,
                                     const QLocale& locale = QLocale());
 

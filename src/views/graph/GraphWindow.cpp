@@ -33,6 +33,7 @@ GraphWindow::GraphWindow(Program& program, Frame& frame, std::unique_ptr<GraphSo
     const Biorhythm& biorhythm = program.biorhythm;
     m_options = graphOptions(biorhythm);
     m_showFlags = biorhythm.showFlags();
+    m_ofSystem = program.state.systemOpen;
     m_calculationDate = biorhythm.calculationDate;
     compute();
 
@@ -45,6 +46,7 @@ GraphWindow::GraphWindow(Program& program, Frame& frame, std::unique_ptr<GraphSo
     }
     colourCheckBoxes();
     connect(m_ui->Command1, &QPushButton::clicked, this, &GraphWindow::redraw);
+    connect(m_ui->Command2, &QPushButton::clicked, this, &GraphWindow::reopen);
     connect(m_ui->Picture1, &PictureBox::resized, this, &GraphWindow::layOutPlot);
     connect(m_ui->Picture1, &PictureBox::pressed, this, &GraphWindow::pressed);
     connect(m_ui->Picture1, &PictureBox::menuRequested, this, &GraphWindow::openMenuByKeyboard);
@@ -53,6 +55,7 @@ GraphWindow::GraphWindow(Program& program, Frame& frame, std::unique_ptr<GraphSo
     m_ui->Text4->setMinimumWidth(m_ui->Text4->minimumSizeHint().width());
     m_ui->Check1->setFocus();
     layOutWindow();
+    showNote();
 }
 
 GraphWindow::~GraphWindow() = default;
@@ -76,6 +79,33 @@ void GraphWindow::applyGraphOptions(const GraphOptions& options) {
     }
     colourCheckBoxes();
     layOutWindow();
+    showNote();
+    layOutPlot();
+}
+
+QString GraphWindow::note() const {
+    const std::int32_t start = m_source->startingSpan(m_daysAround);
+    return start == m_daysAround ? QString() : startNote(m_calculationDate - start);
+}
+
+void GraphWindow::showNote() {
+    const QString text = note();
+    m_ui->Label1->setText(text);
+    m_ui->Command2->setAccessibleDescription(text);
+    m_ui->Note->setVisible(!text.isEmpty());
+}
+
+/// The calculation date may have moved, unless it is that of other data by now: a member's graph
+/// outlives its system.
+void GraphWindow::reopen() {
+    const bool sameData = m_program.state.systemOpen == m_ofSystem;
+    const DateValue date = sameData ? m_program.biorhythm.calculationDate : m_calculationDate;
+    m_source->restart(m_daysAround, dayCount(m_calculationDate, date));
+    m_calculationDate = date;
+    compute();
+    m_ui->Check1->setFocus(); // the button goes
+    layOutWindow();
+    showNote();
     layOutPlot();
 }
 
@@ -176,12 +206,13 @@ void GraphWindow::chooseElement(GraphElement element, bool shown) {
 }
 
 void GraphWindow::describePicture() {
-    m_ui->Picture1->setAccessibleDescription(
-        describeGraph({.title = titleOf(*this),
-                       .calculationDate = m_calculationDate,
-                       .values = m_source->valuesOn(m_daysAround, m_daysAround),
-                       .daysAround = m_daysAround,
-                       .drawn = m_drawnFlags}));
+    m_ui->Picture1->setAccessibleDescription(describeGraph(
+        {.title = titleOf(*this),
+         .calculationDate = m_calculationDate,
+         .values = m_source->valuesOn(m_source->startingSpan(m_daysAround), m_daysAround),
+         .daysAround = m_daysAround,
+         .drawn = m_drawnFlags,
+         .note = note()}));
 }
 
 void GraphWindow::pressed(Qt::MouseButton button, QPoint position) {
@@ -204,7 +235,8 @@ void GraphWindow::showPopup(std::int32_t day, QPoint position) {
                           .physical = texts.physical,
                           .emotional = texts.emotional,
                           .intellectual = texts.intellectual,
-                          .mean = texts.mean},
+                          .mean = texts.mean,
+                          .note = note()},
                          m_ui->Picture1->mapToGlobal(position));
 }
 

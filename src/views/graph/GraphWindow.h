@@ -28,6 +28,8 @@ struct GraphWording {
 ///
 /// It copies what it shows when it is made; only its options dialog changes it afterwards. The
 /// series is worked out once, and again when the span changes; everything else only draws it.
+/// While the curves do not begin with the first day of the span, a line below the picture says so
+/// and offers to open the graph anew.
 class GraphWindow : public ChildWindow {
     Q_OBJECT
 
@@ -56,6 +58,11 @@ class GraphWindow : public ChildWindow {
 
   private:
     void compute();
+    /// Where the curves begin, when that is not the first day of the span; else nothing.
+    [[nodiscard]] QString note() const;
+    void showNote();
+    /// Shows what a graph that is opened now with this one's options shows, in the same place.
+    void reopen();
     void layOutWindow();
     void layOutPlot();
     void redraw();
@@ -80,6 +87,7 @@ class GraphWindow : public ChildWindow {
     GraphOptions m_options; ///< this window's copy
     ShowFlags m_showFlags{};
     ShowFlags m_drawnFlags{}; ///< those of the last drawing
+    bool m_ofSystem = false;  ///< a system was open when the window was made
     DateValue m_calculationDate = 0;
     std::int32_t m_daysAround = 1;
     GraphSeries m_series; ///< of the current span

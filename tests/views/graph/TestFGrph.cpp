@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QContextMenuEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -44,6 +45,10 @@ class Fixture {
         biorhythm.calculationDate = toDateValue(calculation);
         biorhythm.graphDaysAdjust = graphDaysAdjust;
         biorhythm.daysAtGraphStart = dayCountAtGraphStart(biorhythm);
+        open();
+    }
+
+    void open() {
         window = std::make_unique<FGrph>(program, frame);
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->resize(900, 640);
@@ -341,6 +346,99 @@ void TestFGrph::optionsComeThroughTheDialog() {
     fixture.window->SetOptions();
     QCOMPARE(fixture.window->findChild<FGrOpt*>()->findChild<QLineEdit*>(u"Text1"_s)->text(),
              u"5"_s);
+}
+
+/// Other days under the same curves: the window, the popup and the description say so.
+void TestFGrph::aChangedSpanSaysWhereItsCurvesBegin() {
+    const Fixture fixture;
+    const auto* note = fixture.child<QWidget>(u"Note"_s);
+    const auto description = [&fixture] { return fixture.picture()->accessibleDescription(); };
+    const QString text =
+        u"Le curve cominciano ancora dal giorno con cui sono state aperte (24/02/2004)."_s;
+    const auto change = [&fixture](std::int16_t adjust, std::uint8_t position) {
+        GraphOptions options = graphOptions(fixture.program.biorhythm);
+        options.graphDaysAdjust = adjust;
+        options.dayIndexPosition = position;
+        fixture.window->applyGraphOptions(options);
+    };
+    change(0, 3);
+    QVERIFY(!note->isVisible());
+    QVERIFY(!description().contains(text));
+    fixture.press(100);
+    QCOMPARE(fixture.frame.popups.back().note, QString());
+
+    change(10, 2);
+    QVERIFY(note->isVisible());
+    QCOMPARE(fixture.child<QLabel>(u"Label1"_s)->text(), text);
+    QVERIFY(description().endsWith(text));
+    QVERIFY(description().contains(
+        u"2004. Fisico: -7, Emotivo: -8, Intellettivo: -4, Media: -6. 30"_s));
+    fixture.press(100);
+    QCOMPARE(fixture.frame.popups.back().note, text);
+
+    change(0, 2);
+    QVERIFY(!note->isVisible());
+}
+
+void TestFGrph::reopensWithTheNewSpan_data() {
+    QTest::addColumn<bool>("system");
+    QTest::newRow("person") << false;
+    QTest::newRow("member of a system, whose record keeps its span") << true;
+}
+
+/// As a graph that is opened with that span, where the old one stands.
+void TestFGrph::reopensWithTheNewSpan() {
+    QFETCH(bool, system);
+    Fixture fixture;
+    fixture.program.state.systemOpen = system;
+    fixture.open();
+    fixture.window->resize(820, 600);
+    fixture.child<QCheckBox>(u"Check2"_s)->setChecked(false);
+    fixture.window->SetOptions();
+    auto* dialog = fixture.window->findChild<FGrOpt*>();
+    dialog->findChild<QLineEdit*>(u"Text1"_s)->setText(u"30"_s);
+    dialog->findChild<QPushButton*>(u"Command1"_s)->click();
+    QCOMPARE(fixture.program.biorhythm.graphDaysAdjust, system ? 0 : 10);
+    const QRect place = fixture.window->geometry();
+    fixture.child<QPushButton>(u"Command2"_s)->click();
+    QCoreApplication::processEvents();
+    QVERIFY(!fixture.child<QWidget>(u"Note"_s)->isVisible());
+    QCOMPARE(fixture.window->geometry(), place);
+    QVERIFY(!fixture.child<QCheckBox>(u"Check2"_s)->isChecked());
+
+    Fixture fresh(10);
+    fresh.window->resize(place.size());
+    fresh.child<QCheckBox>(u"Check2"_s)->click();
+    fresh.child<QPushButton>(u"Command1"_s)->click();
+    QCoreApplication::processEvents();
+    QCOMPARE(fixture.picture()->drawing(), fresh.picture()->drawing());
+    QCOMPARE(fixture.text(u"Text2"_s), fresh.text(u"Text2"_s));
+    fixture.press(300);
+    fresh.press(300);
+    QCOMPARE(fixture.frame.popups.back().physical, fresh.frame.popups.back().physical);
+}
+
+void TestFGrph::reopensOnTheDateOfItsData_data() {
+    QTest::addColumn<bool>("stillOpen");
+    QTest::newRow("the system's date has moved") << true;
+    QTest::newRow("the system is closed") << false;
+}
+
+void TestFGrph::reopensOnTheDateOfItsData() {
+    QFETCH(bool, stillOpen);
+    Fixture fixture;
+    fixture.program.state.systemOpen = true;
+    fixture.open();
+    GraphOptions options = graphOptions(fixture.program.biorhythm);
+    options.graphDaysAdjust = 10;
+    fixture.window->applyGraphOptions(options);
+    fixture.program.state.systemOpen = stillOpen;
+    fixture.program.biorhythm.calculationDate = toDateValue(QDate(2004, 3, 20));
+    fixture.child<QPushButton>(u"Command2"_s)->click();
+    QCOMPARE(fixture.text(u"Text1"_s),
+             stillOpen ? u"sabato 20 marzo 2004"_s : u"lunedì 15 marzo 2004"_s);
+    const Fixture fresh(10, {1981, 12, 25}, {2004, 3, stillOpen ? 20 : 15});
+    QCOMPARE(fixture.picture()->accessibleDescription(), fresh.picture()->accessibleDescription());
 }
 
 void TestFGrph::damagedSpan() {

@@ -23,6 +23,11 @@ class TestFGrph : public Test {
     void otherButtonsDoNothing();
     void theStartDayStaysFixed();
     void optionsComeThroughTheDialog();
+    void aChangedSpanSaysWhereItsCurvesBegin();
+    void reopensWithTheNewSpan_data();
+    void reopensWithTheNewSpan();
+    void reopensOnTheDateOfItsData_data();
+    void reopensOnTheDateOfItsData();
     void damagedSpan();
     void aSpanWiderThanThePicture();
     void negativeDayCounts();
