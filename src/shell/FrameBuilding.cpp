@@ -2,8 +2,8 @@
 
 #include "shell/MDIForm1.h"
 
-#include "shell/StatusLabel.h"
 #include "toolkit/ChildWindow.h"
+#include "toolkit/ElidedLabel.h"
 #include "toolkit/ImageList.h"
 
 #include <QApplication>
@@ -87,8 +87,9 @@ void MDIForm1::buildToolbar() {
 void MDIForm1::buildStatusBar() {
     QStatusBar* bar = statusBar();
     bar->setObjectName(u"StatusBar1"_s);
-    for (StatusLabel*& panel : m_panels) {
-        panel = new StatusLabel(bar);
+    for (ElidedLabel*& panel : m_panels) {
+        panel = new ElidedLabel(bar);
+        panel->setFrameShape(QFrame::StyledPanel);
         bar->addWidget(panel, 1);
     }
 }

@@ -34,7 +34,7 @@ class FStat;
 class MaximisedChild;
 class Recovery;
 class RecentFiles;
-class StatusLabel;
+class ElidedLabel;
 class TitleBarStyle;
 class ToolHighlight;
 
@@ -188,7 +188,7 @@ class MDIForm1 : public QMainWindow, public Frame {
     CommandStates m_states;
     RecentFiles* m_recentBiorhythms = nullptr;
     RecentFiles* m_recentSystems = nullptr;
-    std::array<StatusLabel*, 3> m_panels{};
+    std::array<ElidedLabel*, 3> m_panels{};
     QMenu* m_popup = nullptr; ///< mnuPopUp
     // Each view of the biorhythm exists once; null while it is closed.
     QPointer<FGrph> m_graph;

@@ -39,9 +39,9 @@ void selectItemsByTool(QTreeView& tree) {
 void chooseByTool(QComboBox& list) {
     QAbstractItemView* view = list.view();
     whenChosenByTool(*view, [&list, view](const QModelIndex& item) {
-        list.setCurrentIndex(item.row());
+        list.hidePopup(); // before the choice, which may open a box
         view->setCurrentIndex(item);
-        list.hidePopup();
+        list.setCurrentIndex(item.row());
     });
 }
 

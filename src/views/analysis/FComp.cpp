@@ -5,6 +5,7 @@
 #include "toolkit/Messages.h"
 #include "toolkit/PictureBox.h"
 #include "toolkit/ShowHelp.h"
+#include "toolkit/WornColour.h"
 #include "views/analysis/CompatibilityDrawing.h"
 
 #include <QListView>
@@ -66,6 +67,10 @@ FComp::FComp(const Program& program, QWidget* parent)
     , m_colours(graphOptions(program.biorhythm).colours) {
     m_ui->setupUi(this);
     m_panels = {m_ui->Picture1_0, m_ui->Picture1_1, m_ui->Picture1_2, m_ui->Picture1_3};
+    m_names = {{{m_ui->First0, m_ui->Second0},
+                {m_ui->First1, m_ui->Second1},
+                {m_ui->First2, m_ui->Second2},
+                {m_ui->First3, m_ui->Second3}}};
     m_choices.at(0).list = m_ui->Combo1;
     m_choices.at(1).list = m_ui->Combo2;
     fillLists(program.state);
@@ -128,11 +133,14 @@ void FComp::choose(Choice& choice) {
     if (member < 0) {
         return;
     }
+    choice.member = member;
     choice.name = choice.list->currentText();
     choice.birthDate = m_birthDates.at(static_cast<std::size_t>(member));
     choice.dayCount = dayCount(choice.birthDate, m_calculationDate);
     if (areCompared(m_choices.at(0).dayCount, m_choices.at(1).dayCount)) {
         compare();
+    } else {
+        showNote();
     }
 }
 
@@ -140,16 +148,49 @@ void FComp::compare() {
     const auto& [first, second] = m_choices;
     const auto result = compatibility(first.birthDate, second.birthDate);
     if (!result) {
+        showNote();
         showOverflow(this,
                      u"Tra le due date di nascita passano più di 32767 giorni (quasi 90 anni). "
                      "Scegliere due persone nate meno lontano l'una dall'altra."_s);
         return;
     }
     m_shown = {.compatibility = *result,
+               .members = {first.member, second.member},
                .names = {first.name, second.name},
                .dayCounts = {first.dayCount, second.dayCount}};
+    showNames();
+    showNote();
     describePanels();
     drawPanels();
+}
+
+/// Above each panel, on the colours of its two curves.
+void FComp::showNames() {
+    for (std::size_t panel = 0; panel < m_panels.size(); ++panel) {
+        const auto item = static_cast<std::size_t>(compatibilityPanels.at(panel));
+        const auto& [first, second] = m_names.at(panel);
+        first->setFullText(m_shown->names.at(0));
+        wearColour(*first, m_colours.at(item));
+        second->setFullText(m_shown->names.at(1));
+        wearColour(*second, secondPersonColour(m_colours.at(item)));
+    }
+}
+
+/// Two persons are chosen, and the panels do not show them.
+void FComp::showNote() {
+    const auto& [first, second] = m_choices;
+    QString note;
+    if (first.member >= 0 && second.member >= 0) {
+        if (!m_shown) {
+            note = u"Per le due persone scelte non c'è immagine."_s;
+        } else if (m_shown->members != std::array{first.member, second.member}) {
+            note = u"Le immagini non sono delle due persone scelte, ma di quelle indicate sopra."_s;
+        }
+    }
+    m_ui->Label3->setText(note);
+    for (const Choice& choice : m_choices) {
+        choice.list->setAccessibleDescription(note);
+    }
 }
 
 /// What the panels say, for those who do not see them.

@@ -13,6 +13,7 @@ class QComboBox;
 
 namespace quor {
 
+class ElidedLabel;
 class PictureBox;
 
 namespace Ui {
@@ -42,6 +43,7 @@ class FComp : public ChildWindow {
     /// One of the two lists and who is chosen in it.
     struct Choice {
         QComboBox* list = nullptr;
+        int member = -1; ///< in the order of the lists; -1 until a person is chosen
         QString name;
         DateValue birthDate = 0;
         std::int32_t dayCount = 0; ///< on the calculation date; 0 until a person is chosen
@@ -50,6 +52,7 @@ class FComp : public ChildWindow {
     /// What the panels show.
     struct Shown {
         Compatibility compatibility;
+        std::array<int, 2> members{};
         std::array<QString, 2> names;
         std::array<std::int32_t, 2> dayCounts{};
     };
@@ -57,6 +60,8 @@ class FComp : public ChildWindow {
     void fillLists(const AppState& state);
     void choose(Choice& choice);
     void compare();
+    void showNames();
+    void showNote();
     void describePanels();
     void setPanelSizes();
     void drawPanel(std::size_t panel);
@@ -64,6 +69,7 @@ class FComp : public ChildWindow {
 
     std::unique_ptr<Ui::FComp> m_ui;
     std::array<PictureBox*, compatibilityPanels.size()> m_panels{};
+    std::array<std::array<ElidedLabel*, 2>, compatibilityPanels.size()> m_names{};
 
     std::vector<DateValue> m_birthDates; ///< of the members, in the order of the lists
     DateValue m_calculationDate = 0;

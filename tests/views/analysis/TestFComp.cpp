@@ -245,10 +245,69 @@ void TestFComp::differenceTooLong() {
         "Scegliere due persone nate meno lontano l'una dall'altra."_s);
     fixture.choose(2, 2);
     QVERIFY(dialogs.finished());
+    QVERIFY(!fixture.window->findChild<QLabel*>(u"Label3"_s)->text().isEmpty());
+    QCOMPARE(fixture.window->findChild<QLabel*>(u"Second0"_s)->text(), u"Anna & Lia"_s);
     QCOMPARE(fixture.drawings(), drawn);
     QCOMPARE(fixture.panel(0)->accessibleDescription(), description);
     fixture.choose(1, 2);
     QCOMPARE(fixture.texts(), lines(100, 100, 100, 100));
+}
+
+/// Also while the lists name others, which a line says.
+void TestFComp::namesWhomThePanelsShow() {
+    const Fixture fixture({8, 16, 24});
+    const auto names = [&fixture] {
+        QStringList all;
+        for (int panel = 0; panel < 4; ++panel) {
+            for (const QString& person : {u"First%1"_s, u"Second%1"_s}) {
+                all << fixture.window->findChild<QLabel*>(person.arg(panel))->text();
+            }
+        }
+        all.removeDuplicates();
+        return all;
+    };
+    const auto* note = fixture.window->findChild<QLabel*>(u"Label3"_s);
+    fixture.choose(1, 0);
+    QCOMPARE(note->text(), QString());
+    QCOMPARE(names(), QStringList(QString()));
+    fixture.choose(2, 1); // no bit in common
+    QCOMPARE(note->text(), u"Per le due persone scelte non c'è immagine."_s);
+
+    fixture.choose(2, 2);
+    const QStringList shown{u"Maria"_s, u"Zoe"_s};
+    QCOMPARE(names(), shown);
+    QCOMPARE(note->text(), QString());
+    const QString others =
+        u"Le immagini non sono delle due persone scelte, ma di quelle indicate sopra."_s;
+    fixture.choose(2, 1);
+    QCOMPARE(names(), shown);
+    QCOMPARE(note->text(), others);
+    QCOMPARE(fixture.list(2)->accessibleDescription(), others);
+    fixture.choose(2, 2);
+    QCOMPARE(note->text(), QString());
+
+    fixture.choose(1, 2);
+    QCOMPARE(names(), QStringList(u"Zoe"_s));
+}
+
+void TestFComp::theNamesWearTheColours() {
+    Program program = systemOf({8116, 8130});
+    program.biorhythm.curveColours = {0x102050, 0x405060, 0x708010, 0xA0B0C0, 0};
+    const Fixture fixture(program);
+    fixture.choose(1, 0);
+    fixture.choose(2, 1);
+    const std::array<std::array<QRgb, 2>, 4> expected{{{0xFFC0B0A0, 0xFF8EB0A0},
+                                                       {0xFF502010, 0xFF1E2010},
+                                                       {0xFF605040, 0xFF2E5040},
+                                                       {0xFF108070, 0xFFDE7F70}}};
+    for (std::size_t panel = 0; panel < expected.size(); ++panel) {
+        const auto pixel = [&](const QString& person) {
+            auto* label = fixture.window->findChild<QLabel*>(person.arg(panel));
+            return label->grab().toImage().pixel(1, 1);
+        };
+        QCOMPARE(pixel(u"First%1"_s), expected.at(panel).at(0));
+        QCOMPARE(pixel(u"Second%1"_s), expected.at(panel).at(1));
+    }
 }
 
 void TestFComp::colours() {
@@ -440,7 +499,8 @@ void TestFComp::screenReaders() {
                  fixture.texts().at(i) + u", tra Maria e Anna & Lia"_s);
         QCOMPARE(panel->role(), QAccessible::Chart);
     }
-    for (const auto* label : fixture.window->findChildren<QLabel*>()) {
+    const auto* frame = fixture.window->findChild<QGroupBox*>(u"Frame1"_s);
+    for (const auto* label : frame->findChildren<QLabel*>()) {
         QVERIFY(label->buddy());
         QCOMPARE(label->text(), label->buddy()->accessibleName() + u':');
     }

@@ -17,6 +17,8 @@ class TestFComp : public Test {
     void choosingAgainComparesAgain();
     void dayCountsWithoutACommonBit();
     void differenceTooLong();
+    void namesWhomThePanelsShow();
+    void theNamesWearTheColours();
     void colours();
     void resizingDrawsAnew();
     void resizingKeepsWhatIsShown();

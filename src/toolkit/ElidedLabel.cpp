@@ -1,4 +1,4 @@
-#include "shell/StatusLabel.h"
+#include "toolkit/ElidedLabel.h"
 
 #include "toolkit/LineText.h"
 #include "toolkit/ToolTipText.h"
@@ -8,21 +8,20 @@
 
 namespace quor {
 
-StatusLabel::StatusLabel(QWidget* parent)
+ElidedLabel::ElidedLabel(QWidget* parent)
     : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    setFrameShape(QFrame::StyledPanel);
     setContentsMargins(4, 0, 4, 0);
 }
 
-void StatusLabel::setFullText(const QString& text) {
+void ElidedLabel::setFullText(const QString& text) {
     setText(text);
     setToolTip(toolTipText(text));
     setAccessibleDescription(text); // it would be the tooltip otherwise, with its markup
 }
 
-void StatusLabel::paintEvent(QPaintEvent* /*event*/) {
+void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     drawFrame(&painter);
     const QRect area = contentsRect();
