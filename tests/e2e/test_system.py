@@ -198,6 +198,10 @@ class SystemTest(ProgramTestCase):
 
         dialog = self.enter("Bruno Neri", datetime.date(1990, 5, 5))
         self.answer("Errore", DUPLICATE, "OK")
+        name = program.text_field(dialog, "Nome:")  # what was typed stands there to be corrected
+        wait_for(lambda: has_state(name, "focused"), "the name is not focused")
+        self.assertEqual(text_of(name), "Bruno Neri")
+        program.key("Escape")
         program.wait_gone(dialog)
         self.assertEqual(self.members(), list(PEOPLE))
 

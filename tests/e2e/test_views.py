@@ -430,28 +430,33 @@ class DamagedFilesTest(ProgramTestCase):
         self.assertEqual(program.terminate(), 0, program.stderr_text())
         self.assertEqual(program.stderr_text(), "")
 
-    def test_unreadable_files_are_applied_without_a_box(self):
+    def test_files_without_a_person_open_nothing(self):
         noise = random.Random(1981).randbytes(4096)
-        # Nothing of these can be read, or the birth date at most.
-        for name, content, title in (
-                ("empty.bio", b"", "Grafico di "),
-                ("folder.bio", None, "Grafico di "),
-                ("binary.bio", noise, None),
-                ("zeros.bio", bytes(4096), None),
-                ("one-line.bio", noise.replace(b"\r", b"").replace(b"\n", b"") * 16, None),
-                ("two-lines.bio", self.WHOLE[:29], "Grafico di Maria Rossi"),
+        name_gone = "il nome, alla riga 1, manca o è danneggiato"
+        birth_gone = "la data di nascita, alla riga 2, manca o è danneggiata"
+        for name, content, reason in (
+                ("empty.bio", b"", name_gone),
+                ("folder.bio", None, "è una cartella"),
+                ("binary.bio", noise, name_gone),
+                ("zeros.bio", bytes(4096), name_gone),
+                ("one-line.bio", noise.replace(b"\r", b"").replace(b"\n", b"") * 16, name_gone),
                 ("no-dates.bio", b'"Maria Rossi"\r\n#1981-99-99#\r\n#x#\r\n' + b"9" * 400,
-                 "Grafico di Maria Rossi")):
+                 birth_gone)):
             with self.subTest(name):
                 program = self.open(name, content)
-                if title is None:  # what a name of noise looks like does not matter
-                    program.window(re.compile("^Grafico di ", re.DOTALL))
-                else:
-                    program.window(re.compile(f"^{title}$"))
-                self.assertEqual(program.dialogs(), [])
+                box = program.message_box("Errore")
+                self.assertRegex(box.text, f'^Il file ".*{name}" non si può aprire:\n{reason}\\.$')
+                box.press("OK")
+                self.assertEqual(program.find_all(name=re.compile("^Grafico di")), [])
                 captions = [item.caption for item in program.menu_items("File bioritmi")]
                 self.assertIn("Calcola nuovo", captions)
                 self.assert_ends_orderly(program)
+
+    def test_a_person_without_the_rest_is_applied_without_a_box(self):
+        program = self.open("two-lines.bio", self.WHOLE[:29])
+        program.window("Grafico di Maria Rossi")
+        self.assertEqual(program.dialogs(), [])
+        self.assert_ends_orderly(program)
 
     def test_ends_while_the_question_about_the_date_is_open(self):
         # Cut within the first colour; the dates are whole.

@@ -237,11 +237,15 @@ class ReportTest(unittest.TestCase):
         self.assert_fault(1, f"quor: il file non ha una data di calcolo, indicarla con --date: {file}\n",
                           "--report", file)
         self.report(file, "--date", "2020-01-01")
-        # As in the windows: a damaged calculation date is today, a damaged birth the day 0.
-        (self.folder / "b.bio").write_bytes(b'"Anna"\r\nx\r\ny\r\n')
+        # As in the windows: a damaged calculation date is today, a member's damaged birth the day 0.
+        (self.folder / "b.bio").write_bytes(b'"Anna"\r\n#1990-01-01#\r\ny\r\n')
         found = self.json_report(self.folder / "b.bio")
         self.assertEqual(found["dataDiCalcolo"], datetime.date.today().isoformat())
-        self.assertEqual(found["persona"]["dataDiNascita"], "1899-12-30")
+        (self.folder / "b.brs").write_bytes(
+            b'2\r\n"Anna"\r\n#1990-01-01#\r\n"Bea"\r\nx\r\n#2020-01-01#\r\n')
+        found = self.json_report(self.folder / "b.brs")
+        self.assertEqual([member["dataDiNascita"] for member in found["sistema"]["persone"]],
+                         ["1990-01-01", "1899-12-30"])
 
     def test_names_are_no_commands(self):
         file = self.write_person("\x1b]0;x\x07@31m,;\\ è", "1990-01-01", "2026-01-01")
