@@ -68,7 +68,8 @@ class Program:
             self.kill()
 
     def finish(self):
-        """Kills the program; complains if it was still there, or had crashed."""
+        """Kills the program; complains if it was still there, had crashed, or had ended well
+        and yet written something into the terminal."""
         left_running = self.is_running()
         self.kill()
         if left_running:
@@ -76,6 +77,8 @@ class Program:
         if self.exit_status < 0 and not self._death_was_wanted:
             name = signal.Signals(-self.exit_status).name
             raise HarnessError(f"{self.argv[0]} died of {name}\n{self.stderr_text()}")
+        if self.exit_status == 0 and self.stderr_text():
+            raise HarnessError(f"{self.argv[0]} wrote:\n{self.stderr_text()}")
 
     # -- the process ---------------------------------------------------------
 
