@@ -44,6 +44,13 @@ class PrimitivePainter {
     }
 
     void operator()(const Line& line) {
+        if (isColumnOrRow(line)) {
+            // As a box, it ends where boxes beside it begin, on screens of one and a half pixels
+            // for one too.
+            operator()(
+                FilledBox{.area = boxBetween(line.from, line.to), .fill = line.stroke.colour});
+            return;
+        }
         use(line.stroke);
         smooth(false);
         m_painter.drawLine(line.from, line.to);
@@ -81,6 +88,11 @@ class PrimitivePainter {
     }
 
   private:
+    static bool isColumnOrRow(const Line& line) {
+        return line.stroke.width == 1 && line.stroke.pattern == Pattern::solid &&
+               (line.from.x() == line.to.x() || line.from.y() == line.to.y());
+    }
+
     void use(const Stroke& stroke) {
         if (m_stroke != stroke) {
             m_stroke = stroke;

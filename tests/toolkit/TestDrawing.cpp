@@ -19,8 +19,9 @@ namespace {
 constexpr Colour red = 0x0000FF;
 constexpr Colour blue = 0xFF0000;
 
-QImage painted(const Drawing& drawing, QSize size = {40, 40}) {
-    QImage image(size, QImage::Format_RGB32);
+QImage painted(const Drawing& drawing, QSize size = {40, 40}, qreal scale = 1) {
+    QImage image((QSizeF(size) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
     image.fill(Qt::white);
     QPainter painter(&image);
     paint(painter, drawing);
@@ -82,6 +83,25 @@ void TestDrawing::gridLinesAreNotSmoothed() {
     QCOMPARE(colours(image), (std::set<QRgb>{QColor(Qt::red).rgb(), QColor(Qt::white).rgb()}));
     QCOMPARE(extent(image.copy(0, 5, 40, 35), Qt::red), QRect(QPoint(5, 5), QPoint(5, 25)));
     QCOMPARE(extent(image.copy(20, 0, 5, 40), Qt::red).height(), 2);
+}
+
+void TestDrawing::gridLinesFillGapsBetweenBoxes_data() {
+    QTest::addColumn<qreal>("scale");
+    for (const qreal scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+        QTest::addRow("%g", scale) << scale;
+    }
+}
+
+/// Also where a pixel of the drawing is not a whole number of pixels of the screen.
+void TestDrawing::gridLinesFillGapsBetweenBoxes() {
+    QFETCH(qreal, scale);
+    Drawing drawing;
+    for (int x = 0; x < 40; x += 5) {
+        drawing.add(FilledBox{.area = {x + 1, 0, 4, 40}, .fill = blue});
+        drawing.add(Line{.from = {x, 40}, .to = {x, 0}, .stroke = {.colour = red}});
+    }
+    QCOMPARE(colours(painted(drawing, {40, 40}, scale)),
+             (std::set<QRgb>{QColor(Qt::blue).rgb(), QColor(Qt::red).rgb()}));
 }
 
 void TestDrawing::curvesAreSmoothed() {

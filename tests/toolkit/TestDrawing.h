@@ -12,6 +12,8 @@ class TestDrawing : public Test {
     void coloursAreBlueGreenRed();
     void boxesIncludeTheirCorners();
     void gridLinesAreNotSmoothed();
+    void gridLinesFillGapsBetweenBoxes_data();
+    void gridLinesFillGapsBetweenBoxes();
     void curvesAreSmoothed();
     void outlinesAreNotFilled();
     void laterCoversEarlier();
