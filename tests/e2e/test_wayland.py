@@ -144,6 +144,14 @@ class WaylandTest(ProgramTestCase):
         self.assert_size(program, (880, 660))
         self.assertEqual(program.terminate(), 0)
 
+    def test_first_window_fits_on_a_small_screen(self):
+        # Of 853 by 683 pixels, for the program.
+        program = self.start(env={"QT_SCALE_FACTOR": "1.5"})
+        surface = wait_for(lambda: desktop.surface_of(program.window()), "no window")
+        self.assertLessEqual(surface.width, desktop.size[0])
+        self.assertLessEqual(surface.height, desktop.size[1])
+        self.assertEqual(program.terminate(), 0)
+
     def assert_maximised(self, program):
         def size():
             surface = desktop.surface_of(program.window())
