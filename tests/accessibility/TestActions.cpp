@@ -236,9 +236,9 @@ QString differences(const WindowEntry& entry, const Place& place, const Way<Cont
                     const QList<Way<Control>>& byTool) {
     // What these say counts later, or never.
     static const QStringList inert{u"FEspBio Check3"_s,    u"FEspBio Combo1"_s,
-                                   u"FStampaBio Check1"_s, u"FStampaBio Check2"_s,
-                                   u"FStampaBio Check3"_s, u"FFastStart Check1"_s,
-                                   u"FFastStart Frame3"_s, u"FEspBio List1"_s};
+                                   u"FStampaBio Check2"_s, u"FStampaBio Check3"_s,
+                                   u"FFastStart Check1"_s, u"FFastStart Frame3"_s,
+                                   u"FEspBio List1"_s};
     const auto outcome = [&](const Way<Control>& way) {
         Stage stage(entry);
         auto* control = stage.control<Control>(place);
