@@ -12,24 +12,30 @@
 namespace quor {
 
 void whenChosenByTool(QAbstractItemView& view, std::function<void(const QModelIndex&)> chosen) {
-    const auto selected = std::make_shared<QPersistentModelIndex>();
+    struct Happened {
+        QPersistentModelIndex selected;
+        QPersistentModelIndex current;
+    };
+    const auto happened = std::make_shared<Happened>();
     QItemSelectionModel* selection = view.selectionModel();
     QObject::connect(selection, &QItemSelectionModel::selectionChanged, &view,
-                     [selected](const QItemSelection& added) {
-                         *selected = added.isEmpty() ? QModelIndex() : added.indexes().constFirst();
+                     [happened](const QItemSelection& added) {
+                         happened->selected =
+                             added.isEmpty() ? QModelIndex() : added.indexes().constFirst();
                      });
-    // A hand's selection is followed by this at once.
     QObject::connect(selection, &QItemSelectionModel::currentChanged, &view,
-                     [selected] { *selected = QModelIndex(); });
-    QObject::connect(
-        selection, &QItemSelectionModel::selectionChanged, &view,
-        [selected, chosen = std::move(chosen)] {
-            const QModelIndex item = std::exchange(*selected, QPersistentModelIndex());
-            if (item.isValid()) {
-                chosen(item);
-            }
-        },
-        Qt::QueuedConnection);
+                     [happened](const QModelIndex& current) { happened->current = current; });
+    // A key selects before it moves the current item and the mouse afterwards, so both are awaited.
+    const auto review = [happened, chosen = std::move(chosen)] {
+        const Happened both = std::exchange(*happened, {});
+        if (both.selected.isValid() && both.selected != both.current) {
+            chosen(both.selected);
+        }
+    };
+    QObject::connect(selection, &QItemSelectionModel::selectionChanged, &view, review,
+                     Qt::QueuedConnection);
+    QObject::connect(selection, &QItemSelectionModel::currentChanged, &view, review,
+                     Qt::QueuedConnection);
 }
 
 void selectItemsByTool(QTreeView& tree) {

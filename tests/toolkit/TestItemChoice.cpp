@@ -30,6 +30,8 @@ template<typename View> struct Chosen : QList<int> {
     explicit Chosen(View& view) {
         whenChosenByTool(view, [this](const QModelIndex& item) { *this << item.row(); });
         view.show();
+        QTest::qWait(0); // until it has the focus, which makes its first item the current one
+        QCoreApplication::processEvents();
     }
 };
 
