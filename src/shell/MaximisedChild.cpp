@@ -91,7 +91,9 @@ void MaximisedChild::maximise(QMdiSubWindow* window) {
 }
 
 void MaximisedChild::closed(const QMdiSubWindow* window) {
-    if (m_window != nullptr && m_window != window && m_area->activeSubWindow() == window) {
+    if (m_window == window) {
+        m_window = nullptr; // it is deleted later, and comes next to none until then
+    } else if (m_window != nullptr && m_area->activeSubWindow() == window) {
         m_area->setActiveSubWindow(m_window);
     }
 }

@@ -16,6 +16,7 @@ class TestMaximisedChild : public Test {
     void restoredByTheUser_data();
     void restoredByTheUser();
     void closing();
+    void closingAllAtOnce();
     void aFormMaximisedByTheUser();
 };
 
