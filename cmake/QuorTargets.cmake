@@ -1,14 +1,20 @@
 # One place for what every target of this project has in common.
 
+# Every build folder and every checkout finds what another one has compiled: paths below this checkout
+# count as relative ones. Debug information then names the folder of the first that compiled a source.
 find_program(QUOR_CCACHE ccache)
 if(QUOR_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${QUOR_CCACHE}")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+    "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 CCACHE_ABSSTDERR=1 "${QUOR_CCACHE}")
 endif()
 
-# The toolkit's headers cost more to read than our sources. A machine that builds everything once reads
-# them once for several sources of a library; names in those must then differ even without linkage.
+# Qt's headers take longer to read than our sources. A machine that builds everything once reads them
+# once for several sources of a target; names in those must then differ even without linkage. A
+# precompiled header instead would take longer, hundreds of MB for each target, and every build folder
+# would miss the compiler cache.
 if(QUOR_UNITY)
-  set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
+  set(CMAKE_UNITY_BUILD ON)
+  set(CMAKE_UNITY_BUILD_BATCH_SIZE 16)
 endif()
 # Generated sources of a target need nothing of the libraries that it links, so they do not wait for them.
 set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
@@ -39,9 +45,6 @@ function(quor_library name)
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
   target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE quor_flags)
-  if(QUOR_UNITY)
-    set_target_properties(${name} PROPERTIES UNITY_BUILD ON)
-  endif()
   if(arg_MODEL)
     set_target_properties(${name} PROPERTIES AUTOUIC OFF)
     foreach(library IN LISTS arg_LINK)
@@ -52,7 +55,5 @@ function(quor_library name)
         message(FATAL_ERROR "${name} is a model and must not link ${library}")
       endif()
     endforeach()
-  elseif(NOT QUOR_UNITY)
-    target_precompile_headers(${name} PRIVATE <QtWidgets>)
   endif()
 endfunction()

@@ -9,12 +9,14 @@ import json
 import os
 import pathlib
 import re
-import shutil
 import subprocess
 import sys
 import tempfile
 
 from page_reference import dates_of_the_year, day, long
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from tools import reason_to_skip  # noqa: E402
 
 NAMES = [
     "Giulia Ferraro",
@@ -176,7 +178,8 @@ def main(driver: str, chromium: str) -> int:
 
 
 if __name__ == "__main__":
-    browser = sys.argv[2] if len(sys.argv) > 2 else shutil.which("chromium")
-    if browser is None:
-        sys.exit("no chromium")
-    sys.exit(main(sys.argv[1], browser))
+    reason = "" if len(sys.argv) > 2 else reason_to_skip("chromium")
+    if reason:
+        print("skipped:", reason)
+        sys.exit(77)
+    sys.exit(main(sys.argv[1], sys.argv[2] if len(sys.argv) > 2 else "chromium"))

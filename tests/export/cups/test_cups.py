@@ -14,6 +14,9 @@ import tempfile
 import time
 import unittest
 
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "support"))
+from tools import reason_to_skip  # noqa: E402
+
 PROGRAM = os.path.abspath(sys.argv.pop(1))
 QUEUE = "Prova"
 DESCRIPTION = pathlib.Path("/usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd")
@@ -162,7 +165,10 @@ class Cups(unittest.TestCase):
 
 
 if __name__ == "__main__":
+    REASON = reason_to_skip("cupsd", "/usr/lib/cups/filter/pdftopdf", str(DESCRIPTION))
     if os.geteuid() != 0:
-        print("skipped: only the superuser can start a print system")
+        REASON = "only the superuser can start a print system"
+    if REASON:
+        print("skipped:", REASON)
         sys.exit(77)
     unittest.main(verbosity=2)
