@@ -1,6 +1,5 @@
 # The help: our own pages, compiled into a collection that lies beside the program.
 
-find_package(Qt6 6.4 REQUIRED COMPONENTS Help)
 find_package(Qt6 6.4 QUIET OPTIONAL_COMPONENTS ToolsTools)
 if(TARGET Qt6::qhelpgenerator)
   set(quor_helpgenerator $<TARGET_FILE:Qt6::qhelpgenerator>)

@@ -2,7 +2,7 @@
 
 #include "core/ExitStatus.h"
 #include "guidance/HelpKey.h"
-#include "guidance/HelpService.h"
+#include "guidance/LateHelp.h"
 #include "shell/ApplicationSetup.h"
 #include "shell/CommandLine.h"
 #include "shell/EndRequests.h"
@@ -160,7 +160,7 @@ int main(int argc, char* argv[]) {
     }
 
     const quor::EndRequests endRequests;
-    quor::HelpService help;
+    quor::LateHelp help;
     quor::setHelpViewer(
         [&help](QWidget* window, const QString& path) { help.openHelp(window, path); });
     quor::HelpKey helpKey;

@@ -12,9 +12,8 @@
 
 /// What is made of finished pages: a window that shows them, and paper.
 ///
-/// The toolkit's reader of such pages is larger than all the rest of the program, and most runs
-/// need none of it. It is used by the module `quor-paper` alone, which is loaded when pages are
-/// there.
+/// Qt's reader of such pages is larger than all the rest of the program, and most runs need none of
+/// it. It is used by the module `quor-paper` alone, which is loaded when pages are there.
 namespace quor {
 
 /// Pages as they come from the engine.

@@ -1,6 +1,5 @@
 #include "guidance/HelpKey.h"
 
-#include "guidance/HelpWindow.h"
 #include "toolkit/ShowHelp.h"
 
 #include <QApplication>
@@ -58,10 +57,6 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void HelpKey::helpWith(QWidget* window) {
-    if (qobject_cast<HelpWindow*>(window) != nullptr) {
-        ShowHelp(window, helpPath(u"tastiera.html#guida"_s));
-        return;
-    }
     QWidget* working = workingWindow(window);
     if (QPushButton* button = helpButton(working)) {
         button->click();

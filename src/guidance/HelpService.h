@@ -1,5 +1,7 @@
 #pragma once
 
+#include "guidance/LateHelp.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -15,8 +17,8 @@ namespace quor {
 class HelpCollection;
 class HelpWindow;
 
-/// Shows the help: the one behind `ShowHelp`.
-class HelpService : public QObject {
+/// Shows the help.
+class HelpService : public QObject, public HelpOpener {
     Q_OBJECT
 
   public:
@@ -28,11 +30,7 @@ class HelpService : public QObject {
     HelpService(HelpService&&) = delete;
     HelpService& operator=(HelpService&&) = delete;
 
-    /// Shows the page in the one window of the help and brings it to the front. Help that is
-    /// missing or cannot be read is a message box.
-    /// @param window the window that asks
-    /// @param helpPath "<folder>/Quor.chm", for a topic followed by "::/1nuovo.html"
-    void openHelp(QWidget* window, const QString& helpPath);
+    void openHelp(QWidget* window, const QString& helpPath) override;
 
     /// The open window of the help, or null.
     [[nodiscard]] HelpWindow* window() const;

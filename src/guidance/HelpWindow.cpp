@@ -96,6 +96,7 @@ HelpWindow::HelpWindow(std::shared_ptr<HelpCollection> collection)
     setObjectName(u"HelpWindow"_s);
     setWindowTitle(u"Guida di Quor"_s);
     setContextMenuPolicy(Qt::NoContextMenu); // nobody hides the toolbar by accident
+    setProperty("helpTopic", u"tastiera.html#guida"_s);
 
     m_tabs = new QTabWidget;
     m_tabs->setObjectName(u"tabs"_s);

@@ -19,42 +19,44 @@ namespace quor {
 
 namespace {
 
-struct Text {
+struct DialogText {
     const char* english;
     const char16_t* italian;
 };
 
 /// What Qt's translation of its print dialog lacks.
 constexpr std::array printTexts{
-    Text{"Advanced", u"Avanzate"},
-    Text{"Advanced Option Conflicts", u"Opzioni avanzate in conflitto"},
-    Text{"Automatic", u"Automatico"},
-    Text{"Double Sided Printing", u"Stampa fronte retro"},
-    Text{"Duplex Settings Conflicts", u"Opzioni fronte retro in conflitto"},
-    Text{"Invalid Pages Definition", u"Pagine non valide"},
-    Text{"Long side binding", u"Rilegatura sul lato lungo"},
-    Text{"Off", u"No"},
-    Text{"Page Setup Conflicts", u"Opzioni della pagina in conflitto"},
-    Text{"Pages", u"Pagine"},
-    Text{"Short side binding", u"Rilegatura sul lato corto"},
-    Text{"Specify pages or ranges separated by commas. Ranges are specified by two numbers "
-         "separated by a hyphen. E.g: 3,5-7,9 prints pages 3, 5, 6, 7 and 9.",
-         u"Pagine o intervalli separati da virgole. Un intervallo è di due numeri separati da un "
-         "trattino: 3,5-7,9 stampa le pagine 3, 5, 6, 7 e 9."},
-    Text{"There are conflicts in duplex settings. Do you want to fix them?",
-         u"Le opzioni fronte retro sono in conflitto. Correggerle?"},
-    Text{"There are conflicts in page setup options. Do you want to fix them?",
-         u"Le opzioni della pagina sono in conflitto. Correggerle?"},
-    Text{"There are conflicts in some advanced options. Do you want to fix them?",
-         u"Alcune opzioni avanzate sono in conflitto. Correggerle?"},
-    Text{"There are conflicts in some options. Please fix them.",
-         u"Alcune opzioni sono in conflitto. Correggerle."},
-    Text{"%1 does not follow the correct syntax. Please use ',' to separate ranges and pages, '-' "
-         "to "
-         "define ranges and make sure ranges do not intersect with each other.",
-         u"%1 non è scritto bene. Separare pagine e intervalli con ',', scrivere gli intervalli "
-         u"con '-' "
-         "e non sovrapporli."},
+    DialogText{"Advanced", u"Avanzate"},
+    DialogText{"Advanced Option Conflicts", u"Opzioni avanzate in conflitto"},
+    DialogText{"Automatic", u"Automatico"},
+    DialogText{"Double Sided Printing", u"Stampa fronte retro"},
+    DialogText{"Duplex Settings Conflicts", u"Opzioni fronte retro in conflitto"},
+    DialogText{"Invalid Pages Definition", u"Pagine non valide"},
+    DialogText{"Long side binding", u"Rilegatura sul lato lungo"},
+    DialogText{"Off", u"No"},
+    DialogText{"Page Setup Conflicts", u"Opzioni della pagina in conflitto"},
+    DialogText{"Pages", u"Pagine"},
+    DialogText{"Short side binding", u"Rilegatura sul lato corto"},
+    DialogText{
+        "Specify pages or ranges separated by commas. Ranges are specified by two numbers "
+        "separated by a hyphen. E.g: 3,5-7,9 prints pages 3, 5, 6, 7 and 9.",
+        u"Pagine o intervalli separati da virgole. Un intervallo è di due numeri separati da un "
+        "trattino: 3,5-7,9 stampa le pagine 3, 5, 6, 7 e 9."},
+    DialogText{"There are conflicts in duplex settings. Do you want to fix them?",
+               u"Le opzioni fronte retro sono in conflitto. Correggerle?"},
+    DialogText{"There are conflicts in page setup options. Do you want to fix them?",
+               u"Le opzioni della pagina sono in conflitto. Correggerle?"},
+    DialogText{"There are conflicts in some advanced options. Do you want to fix them?",
+               u"Alcune opzioni avanzate sono in conflitto. Correggerle?"},
+    DialogText{"There are conflicts in some options. Please fix them.",
+               u"Alcune opzioni sono in conflitto. Correggerle."},
+    DialogText{
+        "%1 does not follow the correct syntax. Please use ',' to separate ranges and pages, '-' "
+        "to "
+        "define ranges and make sure ranges do not intersect with each other.",
+        u"%1 non è scritto bene. Separare pagine e intervalli con ',', scrivere gli intervalli "
+        u"con '-' "
+        "e non sovrapporli."},
 };
 
 /// Qt's own texts. Those of its lists of files it looks up under a name that its translations do
@@ -76,7 +78,7 @@ class QtTexts : public QTranslator {
         if (window.startsWith("QPrint") || window.startsWith("QPageSetup") ||
             window.startsWith("QPPD") || window.startsWith("QUnixPrint")) {
             const auto* const found =
-                std::find_if(printTexts.begin(), printTexts.end(), [text](const Text& known) {
+                std::find_if(printTexts.begin(), printTexts.end(), [text](const DialogText& known) {
                     return qstrcmp(known.english, text) == 0;
                 });
             return found == printTexts.end() ? QString() : QString::fromUtf16(found->italian);

@@ -1,5 +1,6 @@
 #include "toolkit/ImageList.h"
 
+#include "toolkit/PictureRaster.h"
 #include "toolkit/qt/Versions.h"
 
 #include <QFile>
@@ -21,8 +22,9 @@ namespace quor {
 
 namespace {
 
-/// Opacity of a picture that cannot be used at the moment.
-constexpr float disabledOpacity = 0.35F;
+constexpr int fullOpacity = 255;
+/// Of a picture that cannot be used at the moment.
+constexpr int disabledOpacity = 89;
 
 /// Renders a picture at the size that is asked for, in the palette of the moment.
 class PaletteIconEngine : public QIconEngine {
@@ -72,23 +74,31 @@ class PaletteIconEngine : public QIconEngine {
         if (QPixmapCache::find(cacheKey, &pixmap)) {
             return pixmap;
         }
+        const int opacity = disabled ? disabledOpacity : fullOpacity;
+        if (const auto raster = rasterPicture(m_key.toLatin1(), size, line.rgb(), opacity)) {
+            pixmap = QPixmap::fromImage(*raster);
+        } else {
+            pixmap = draw(size, line, opacity);
+        }
+        pixmap.setDevicePixelRatio(scale);
+        QPixmapCache::insert(cacheKey, pixmap);
+        return pixmap;
+    }
+
+    [[nodiscard]] QPixmap draw(QSize size, const QColor& line, int opacity) const {
         QByteArray svg = m_svg;
         svg.replace("currentColor", line.name().toLatin1());
         QSvgRenderer renderer(svg);
         renderer.setAspectRatioMode(Qt::KeepAspectRatio);
-        pixmap = QPixmap(size);
+        QPixmap pixmap(size);
         pixmap.fill(Qt::transparent);
-        {
-            QPainter painter(&pixmap);
-            renderer.render(&painter);
-            if (disabled) {
-                // As a whole, so that strokes do not shine through each other.
-                painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-                painter.fillRect(pixmap.rect(), QColor::fromRgbF(0, 0, 0, disabledOpacity));
-            }
+        QPainter painter(&pixmap);
+        renderer.render(&painter);
+        if (opacity != fullOpacity) {
+            // As a whole, so that strokes do not shine through each other.
+            painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+            painter.fillRect(pixmap.rect(), QColor(0, 0, 0, opacity));
         }
-        pixmap.setDevicePixelRatio(scale);
-        QPixmapCache::insert(cacheKey, pixmap);
         return pixmap;
     }
 

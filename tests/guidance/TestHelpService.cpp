@@ -5,6 +5,9 @@
 #include "guidance/HelpCollection.h"
 #include "guidance/HelpService.h"
 #include "guidance/HelpWindow.h"
+#include "guidance/LateHelp.h"
+#include "toolkit/LateModule.h"
+
 #include "support/ScriptedDialogs.h"
 
 #include <QAbstractButton>
@@ -69,6 +72,24 @@ qsizetype helpWindows() {
 }
 
 } // namespace
+
+/// None lies beside this program, which has the help built in.
+void TestHelpService::saysWhenTheModuleIsMissing() {
+    QString fault;
+    QVERIFY(loadModule({.file = "quor-help.so", .function = "quorHelp", .task = u"mostra la guida"},
+                       fault) == nullptr);
+    QVERIFY2(
+        fault.startsWith(u"La parte del programma che mostra la guida non si può caricare"_s) &&
+            fault.contains(u"manca \""_s) && fault.contains(u"quor-help.so\""_s),
+        qPrintable(fault));
+    ScriptedDialogs dialogs;
+    dialogs.expectBox(u"Errore"_s, fault);
+    LateHelp help;
+    help.openHelp(nullptr, pathOf({}));
+    QVERIFY(dialogs.finished());
+    const std::unique_ptr<HelpOpener> module = quorHelp()->make();
+    QVERIFY(dynamic_cast<HelpService*>(module.get()) != nullptr);
+}
 
 void TestHelpService::addressesAreRead_data() {
     QTest::addColumn<QString>("path");

@@ -8,6 +8,7 @@ class TestHelpService : public Test {
     Q_OBJECT
 
   private slots:
+    void saysWhenTheModuleIsMissing();
     void addressesAreRead_data();
     void addressesAreRead();
     void collectionIsFoundBesideTheProgramOrInstalled();

@@ -3,12 +3,18 @@
 #include "toolkit/Commands.h"
 #include "toolkit/ImageList.h"
 #include "toolkit/PictureBox.h"
+#include "toolkit/PictureRaster.h"
 
 #include "support/Hermetic.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QPainter>
 #include <QPalette>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -79,6 +85,48 @@ void TestPictures::disabledPicturesAreFaded() {
     const QImage disabled = rendered(u"ImmStampa"_s, QIcon::Disabled);
     QVERIFY(greatestOpacity(disabled) > 40);
     QVERIFY(greatestOpacity(disabled) < 120);
+}
+
+void TestPictures::pixelsAreThoseOfTheDrawings_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("size");
+    QTest::addColumn<QColor>("line");
+    for (const ToolInfo& info : toolTable()) {
+        for (const int size : info.isSeparator() ? QList<int>() : QList<int>{24, 48}) {
+            for (const QColor& line : {QColor(Qt::black), QColor(Qt::white), QColor(200, 90, 30)}) {
+                QTest::addRow("%s %d %s", info.key, size, qPrintable(line.name()))
+                    << QString::fromLatin1(info.key) << size << line;
+            }
+        }
+    }
+}
+
+/// Every tool has pixels that were made with the program; rounding alone may tell them from its
+/// drawing.
+void TestPictures::pixelsAreThoseOfTheDrawings() {
+    QFETCH(const QString, name);
+    QFETCH(const int, size);
+    QFETCH(const QColor, line);
+    QVERIFY(!picture(u"Imm"_s + name).isNull()); // its drawing is a resource
+    QFile file(u":/pictures/%1.svg"_s.arg(name));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QSvgRenderer renderer(file.readAll().replace("currentColor", line.name().toLatin1()));
+    QImage drawing(size, size, QImage::Format_ARGB32_Premultiplied);
+    drawing.fill(Qt::transparent);
+    QPainter painter(&drawing);
+    renderer.render(&painter);
+    painter.end();
+    for (const int opacity : {255, 89}) {
+        const auto raster = rasterPicture(name.toLatin1(), QSize(size, size), line.rgb(), opacity);
+        QVERIFY(raster);
+        QCOMPARE(raster->size(), drawing.size());
+        int difference = 0;
+        for (qsizetype i = 0; i < drawing.sizeInBytes(); ++i) {
+            difference = std::max(difference, std::abs(drawing.constBits()[i] * opacity / 255 -
+                                                       raster->constBits()[i]));
+        }
+        QVERIFY2(difference <= 2, qPrintable(QString::number(difference)));
+    }
 }
 
 /// A window squeezed to nothing paints its title bar and its tabs all the same.

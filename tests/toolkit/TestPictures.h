@@ -12,6 +12,8 @@ class TestPictures : public Test {
     void unknownKeysHaveNone();
     void picturesFollowThePalette();
     void disabledPicturesAreFaded();
+    void pixelsAreThoseOfTheDrawings_data();
+    void pixelsAreThoseOfTheDrawings();
     void picturesOfNoSizeAreEmpty();
     void theSheetIsWhiteAndSharp();
 };
