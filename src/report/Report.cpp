@@ -4,6 +4,7 @@
 #include "core/DateEntry.h"
 #include "core/ExitStatus.h"
 #include "core/Printable.h"
+#include "report/CalendarText.h"
 #include "report/ReportCalendar.h"
 #include "report/ReportCsv.h"
 #include "report/ReportData.h"
@@ -87,7 +88,9 @@ bool write(const ReportRequest& request, const ReportSubject& subject, std::int3
         writeCsv(subject, days, stream);
         break;
     case ReportFormat::calendar:
-        writeCalendar(subject, days, stream);
+        if (QString fault; const CalendarText* text = calendarText(fault)) {
+            writeCalendar(subject, days, *text, stream);
+        }
         break;
     }
     return stream.flush();
@@ -133,6 +136,10 @@ std::optional<Fault> report(const ReportRequest& request, QIODevice& standardOut
     std::int32_t days = 0;
     if (auto fault = takeDays(request, subject, days)) {
         return fault;
+    }
+    // Before anything is written.
+    if (QString fault; request.format == ReportFormat::calendar && calendarText(fault) == nullptr) {
+        return Fault{.text = fault};
     }
     if (!request.outputFile.isEmpty()) {
         return writeTo(request, subject, days);

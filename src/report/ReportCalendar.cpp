@@ -7,12 +7,9 @@
 
 #include <QUuid>
 
-#include <libical/ical.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -24,55 +21,15 @@ namespace {
 constexpr QUuid uidNamespace{0x23750d9e, 0x5a68, 0x4036, 0x86, 0xe9, 0x38,
                              0xa3,       0xa7,   0x03,   0x05, 0x39};
 
-using Component = std::unique_ptr<icalcomponent, decltype(&icalcomponent_free)>;
-
-Component component(icalcomponent* made) {
-    return {made, &icalcomponent_free};
-}
-
-QByteArray textOf(const Component& part) {
-    const std::unique_ptr<char, decltype(&icalmemory_free_buffer)> text(
-        icalcomponent_as_ical_string_r(part.get()), &icalmemory_free_buffer);
-    return {text.get()};
-}
-
-/// The component owns the property from now on.
-void add(const Component& part, icalproperty* property) {
-    icalcomponent_add_property(part.get(), property);
-}
-
-/// A text as it stands in a property that the library does not know, and so leaves as it is: names
-/// have commas and semicolons.
-icalvalue* escapedText(const QString& text) {
-    const std::unique_ptr<icalvalue, decltype(&icalvalue_free)> value(
-        icalvalue_new_text(text.toUtf8().constData()), &icalvalue_free);
-    const std::unique_ptr<char, decltype(&icalmemory_free_buffer)> escaped(
-        icalvalue_as_ical_string_r(value.get()), &icalmemory_free_buffer);
-    return icalvalue_new_string(escaped.get());
-}
-
-/// A calendar without events.
-QByteArray emptyCalendar(const QString& title) {
-    const Component calendar = component(icalcomponent_new_vcalendar());
-    add(calendar, icalproperty_new_prodid("-//Quor//Quor//IT"));
-    add(calendar, icalproperty_new_version("2.0"));
-    add(calendar, icalproperty_new_calscale("GREGORIAN"));
-    icalproperty* const name = icalproperty_new_x("");
-    icalproperty_set_x_name(name, "X-WR-CALNAME");
-    icalproperty_set_value(name, escapedText(title));
-    add(calendar, name);
-    // No type that calendars know.
-    return textOf(calendar).replace("X-WR-CALNAME;VALUE=STRING:", "X-WR-CALNAME:");
-}
-
 QByteArray isoDate(std::int32_t dayNumber) {
     std::array<char, 10> text{};
     const char* const end = writeIsoDate(text.data(), dayNumber);
     return {text.data(), end - text.data()};
 }
 
-icaltimetype dayOf(std::int32_t dayNumber) {
-    return icaltime_from_string(isoDate(dayNumber).replace("-", "").constData());
+/// "20261225"
+QByteArray basicDate(std::int32_t dayNumber) {
+    return isoDate(dayNumber).replace("-", "");
 }
 
 /// Never changed: identifiers are made of it.
@@ -164,32 +121,26 @@ QString eventUid(const ReportSubject& subject, const CalendarEvent& event) {
     return uid(subject, identity(subject), event);
 }
 
-void writeCalendar(const ReportSubject& subject, std::int32_t days, ReportStream& stream) {
+void writeCalendar(const ReportSubject& subject, std::int32_t days, const CalendarText& text,
+                   ReportStream& stream) {
     const QString name = printable(subject.name);
     // The events stand before the calendar's end, one after the other, so that a long calendar
     // takes no more memory than a short one.
-    const QByteArray frame = emptyCalendar(u"Bioritmo di "_s + name);
+    const QByteArray frame = text.calendar(u"Bioritmo di "_s + name);
     const qsizetype end = frame.lastIndexOf("END:VCALENDAR");
     stream.write(frame.first(end));
 
     // The stamp is the day's: the same report, made twice on a day, is the same file.
-    icaltimetype stamp = dayOf(dayNumber(today()));
-    stamp.is_date = 0;
-    stamp.zone = icaltimezone_get_utc_timezone();
+    const QByteArray stamp = basicDate(dayNumber(today()));
     const QString whose = identity(subject);
     for (const CalendarEvent& event : calendarEvents(subject, days)) {
         if (stream.hasFailed()) {
             return;
         }
-        const Component entry = component(icalcomponent_new_vevent());
-        add(entry, icalproperty_new_uid(uid(subject, whose, event).toUtf8().constData()));
-        add(entry, icalproperty_new_dtstamp(stamp));
-        add(entry, icalproperty_new_dtstart(dayOf(subject.firstDay + event.day)));
-        add(entry,
-            icalproperty_new_summary((name + u": "_s + summary(event.kind)).toUtf8().constData()));
-        add(entry, icalproperty_new_categories("Bioritmo"));
-        add(entry, icalproperty_new_transp(ICAL_TRANSP_TRANSPARENT));
-        stream.write(textOf(entry));
+        stream.write(text.event({.uid = uid(subject, whose, event),
+                                 .summary = name + u": "_s + summary(event.kind),
+                                 .day = basicDate(subject.firstDay + event.day),
+                                 .stamp = stamp}));
     }
     stream.write(frame.sliced(end));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "report/CalendarText.h"
 #include "report/ReportData.h"
 #include "report/ReportStream.h"
 
@@ -46,6 +47,7 @@ struct CalendarEvent {
 
 /// The report as a calendar after RFC 5545: the events as whole days.
 /// @param days so many that the last one lies in year 9999 or before
-void writeCalendar(const ReportSubject& subject, std::int32_t days, ReportStream& stream);
+void writeCalendar(const ReportSubject& subject, std::int32_t days, const CalendarText& text,
+                   ReportStream& stream);
 
 } // namespace quor

@@ -1,7 +1,7 @@
 #include "toolkit/LateModule.h"
 
-#include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
 
@@ -13,9 +13,10 @@ namespace quor {
 
 namespace {
 
-/// Beside the program after a build; where it is installed, in the folder for such modules.
+/// Beside the program after a build; where it is installed, in the folder for such modules. A report
+/// has no application object to ask.
 QString modulePath(const QString& file) {
-    const QDir program(QCoreApplication::applicationDirPath());
+    const QDir program(QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).path());
     QString beside = program.filePath(file);
     if (QFileInfo::exists(beside)) {
         return beside;

@@ -7,7 +7,7 @@ import re
 import subprocess
 import sys
 
-LATE = ("Qt6Help", "Qt6Sql", "Qt6Pdf", "Qt6PrintSupport", "Qt6WebEngine", "Qt6Network")
+LATE = ("Qt6Help", "Qt6Sql", "Qt6Pdf", "Qt6PrintSupport", "Qt6WebEngine", "Qt6Network", "ical")
 
 linked = re.findall(r"NEEDED\s+lib(\S+?)\.so", subprocess.run(
     ["objdump", "--private-headers", sys.argv[1]], check=True, capture_output=True, text=True).stdout)

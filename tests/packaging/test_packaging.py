@@ -66,7 +66,8 @@ class InstalledTreeTest(Folder):
     def test_files(self):
         expected = {
             "bin/quor", "bin/quor-render",
-            "lib/quor/modules/quor-help.so", "lib/quor/modules/quor-paper.so",
+            "lib/quor/modules/quor-calendar.so", "lib/quor/modules/quor-help.so",
+            "lib/quor/modules/quor-paper.so",
             "share/quor/Quor.qch", "share/quor/Quor.qhc",
             "share/applications/quor.desktop", "share/mime/packages/quor.xml",
             f"share/metainfo/{APP_ID}.metainfo.xml", "share/doc/quor/copyright",

@@ -2,6 +2,7 @@
 
 #include "core/Clock.h"
 #include "core/Cycles.h"
+#include "report/CalendarText.h"
 #include "report/DaySeries.h"
 #include "report/Report.h"
 #include "report/ReportData.h"
@@ -159,6 +160,27 @@ void TestReport::statusAndOneLine() {
                  {.file = file, .format = csv, .date = u"oggi"_s, .days = 1, .outputFile = {}}),
              0);
     QVERIFY(folder.output().contains("\r\n2026-11-21,13285,-0.6310879443"));
+}
+
+/// None lies beside this program.
+void TestReport::calendarsTakeTheirModule() {
+    Folder folder;
+    const QString file = folder.path(u"anna.ics"_s);
+    const ReportRequest request{.file = folder.person(),
+                                .format = ReportFormat::calendar,
+                                .date = {},
+                                .days = {},
+                                .outputFile = file};
+    QCOMPARE(folder.report(request), 1);
+    QVERIFY2(folder.errors.startsWith(
+                 u"quor: La parte del programma che scrive i calendari non si può caricare"_s) &&
+                 folder.errors.contains(u"quor-calendar.so"_s),
+             qPrintable(folder.errors));
+    QVERIFY(!QFileInfo::exists(file));
+    useCalendarText(quorCalendar());
+    QCOMPARE(folder.report(request), 0);
+    QVERIFY(QFileInfo(file).size() > 0);
+    useCalendarText(nullptr);
 }
 
 void TestReport::outputFiles() {

@@ -12,6 +12,7 @@ class TestReport : public Test {
     void systemNumbersAreTheWindows();
     void seriesAreTheModels();
     void statusAndOneLine();
+    void calendarsTakeTheirModule();
     void outputFiles();
 };
 

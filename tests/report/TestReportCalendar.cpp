@@ -43,7 +43,7 @@ QByteArray calendarOf(const ReportSubject& subject, std::int32_t days) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     ReportStream stream(buffer);
-    writeCalendar(subject, days, stream);
+    writeCalendar(subject, days, *quorCalendar(), stream);
     stream.flush();
     return buffer.data();
 }
