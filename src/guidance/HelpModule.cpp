@@ -7,9 +7,9 @@ namespace quor {
 
 namespace {
 
-constexpr HelpModule module{
-    .version = QUOR_VERSION,
-    .make = []() -> std::unique_ptr<HelpOpener> { return std::make_unique<HelpService>(); }};
+constexpr HelpModule module{.version = QUOR_VERSION, .make = []() -> std::unique_ptr<HelpOpener> {
+                                return std::make_unique<HelpService>();
+                            }};
 
 } // namespace
 

@@ -13,8 +13,8 @@ namespace quor {
 
 namespace {
 
-/// Beside the program after a build; where it is installed, in the folder for such modules. A report
-/// has no application object to ask.
+/// Beside the program after a build; where it is installed, in the folder for such modules. A
+/// report has no application object to ask.
 QString modulePath(const QString& file) {
     const QDir program(QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).path());
     QString beside = program.filePath(file);
@@ -48,8 +48,9 @@ bool isOfThisVersion(const LateModule& module, const char* version, QString& fau
     if (std::strcmp(version, QUOR_VERSION) == 0) {
         return true;
     }
-    fault = u"La parte del programma che %1 è di un'altra versione: chiudere Quor e avviarlo di nuovo."_s
-                .arg(taskOf(module));
+    fault =
+        u"La parte del programma che %1 è di un'altra versione: chiudere Quor e avviarlo di nuovo."_s
+            .arg(taskOf(module));
     return false;
 }
 

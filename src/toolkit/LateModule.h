@@ -3,11 +3,12 @@
 #include <QFunctionPointer>
 #include <QString>
 
-/// Parts of the program that lie in modules of their own and are loaded when they are needed for the
-/// first time: what they link would take time and memory at every start.
+/// Parts of the program that lie in modules of their own and are loaded when they are needed for
+/// the first time: what they link would take time and memory at every start.
 namespace quor {
 
-/// Such a part. Its one function returns a table, which tells the version of the program it belongs to.
+/// Such a part. Its one function returns a table, which tells the version of the program it belongs
+/// to.
 struct LateModule {
     const char* file;     ///< "quor-paper.so"
     const char* function; ///< "quorPaper"

@@ -10,9 +10,9 @@
 /// made of the drawings while the program is built (RasterPictures.cpp): reading and drawing them
 /// at every start took a twentieth of its time.
 ///
-/// A pixel's colour is linear in the colour of the lines, which is that of the desktop's texts. So a
-/// pixel is five bytes: blue, green, red and opacity with black lines, multiplied by the opacity, and
-/// how much of the lines' colour is added to each of the three, of 255.
+/// A pixel's colour is linear in the colour of the lines, which is that of the desktop's texts. So
+/// a pixel is five bytes: blue, green, red and opacity with black lines, multiplied by the opacity,
+/// and how much of the lines' colour is added to each of the three, of 255.
 namespace quor {
 
 constexpr int rasterBytesPerPixel = 5;
