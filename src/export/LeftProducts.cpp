@@ -63,9 +63,8 @@ LeftProducts leftProducts(const Biorhythm& biorhythm, const SummarySections& sec
                           const QString& prefix, PageVariant variant, const QLocale& locale) {
     std::vector<Picture> pictures;
     if (sections.graph) {
-        pictures.push_back({graphFile(prefix), [&](QSize size) {
-                                return graphPicture(biorhythm, size, locale);
-                            }});
+        pictures.push_back(
+            {graphFile(prefix), [&](QSize size) { return graphPicture(biorhythm, size, locale); }});
     }
     if (sections.weekly) {
         for (const WeekRow row :
@@ -76,7 +75,8 @@ LeftProducts leftProducts(const Biorhythm& biorhythm, const SummarySections& sec
         }
     }
     if (!QFileInfo::exists(summaryFile(prefix)) ||
-        !std::ranges::all_of(pictures, [](const Picture& one) { return QFileInfo::exists(one.path); })) {
+        !std::ranges::all_of(pictures,
+                             [](const Picture& one) { return QFileInfo::exists(one.path); })) {
         return LeftProducts::missing;
     }
     const QByteArray page =

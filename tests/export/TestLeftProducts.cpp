@@ -85,7 +85,8 @@ void TestLeftProducts::changedData() {
         Exported exported;
         exported.run(sections);
         change(exported.program.biorhythm);
-        QCOMPARE(exported.left(sections), isOutdated ? LeftProducts::outdated : LeftProducts::current);
+        QCOMPARE(exported.left(sections),
+                 isOutdated ? LeftProducts::outdated : LeftProducts::current);
     }
 }
 
@@ -141,7 +142,8 @@ void TestLeftProducts::spoiltFiles_data() {
     };
     const QString page = u"Riepilogo.html"_s;
     QTest::newRow("no page") << page << Spoil(remove) << LeftProducts::missing;
-    QTest::newRow("another page") << page << Spoil(write("<P align=\"right\">")) << LeftProducts::outdated;
+    QTest::newRow("another page") << page << Spoil(write("<P align=\"right\">"))
+                                  << LeftProducts::outdated;
     QTest::newRow("empty page") << page << Spoil(write({})) << LeftProducts::outdated;
     QTest::newRow("huge page") << page << Spoil([](const QString& path) {
         return QFile::resize(path, qint64{1} << 40);

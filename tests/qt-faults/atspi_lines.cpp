@@ -1,6 +1,6 @@
 // Qt 6.8 and later write "Could not find accessible on path" on standard error when a box closes
-// while an assistive tool is there: the tool is told of the box's end, and asks about what has ended.
-// Nothing but Qt: a box on the stack, closed by its button, twice.
+// while an assistive tool is there: the tool is told of the box's end, and asks about what has
+// ended. Nothing but Qt: a box on the stack, closed by its button, twice.
 //
 // tests/qt-faults/run starts it where such a tool listens.
 #include <QApplication>
@@ -13,8 +13,8 @@ int main(int argc, char** argv) {
     window.show();
     QTimer::singleShot(1500, &window, [&window] {
         for (int i = 0; i < 2; ++i) {
-            QMessageBox box(QMessageBox::Information, QStringLiteral("Box"),
-                            QStringLiteral("Text"), QMessageBox::Ok, &window);
+            QMessageBox box(QMessageBox::Information, QStringLiteral("Box"), QStringLiteral("Text"),
+                            QMessageBox::Ok, &window);
             QTimer::singleShot(1000, &box, &QDialog::accept);
             box.exec();
         }
