@@ -30,13 +30,13 @@ struct Exported {
         program.biorhythm.calculationDate = toDateValue(QDate(2004, 3, 15));
         program.state.filePath = u"/dati/mia.bio"_s;
     }
-    void run(const SummarySections& sections = both, QSize size = {120, 80}) {
+    void run(const SummarySections& sections = both, QSize pictureSize = {120, 80}) {
         ExportRun products(program, {.graph = sections.graph,
                                      .weekly = sections.weekly,
                                      .page = true,
                                      .variant = PageVariant::print,
                                      .folder = folder.path(),
-                                     .pictureSize = size});
+                                     .pictureSize = pictureSize});
         while (!products.isOver()) {
             QVERIFY(!products.next().failed);
         }
