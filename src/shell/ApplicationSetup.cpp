@@ -67,7 +67,7 @@ class QtTexts : public QTranslator {
 
     [[nodiscard]] QString translate(const char* context, const char* text,
                                     const char* disambiguation, int count) const override {
-        const QString translated = QTranslator::translate(context, text, disambiguation, count);
+        QString translated = QTranslator::translate(context, text, disambiguation, count);
         if (!translated.isNull()) {
             return translated;
         }

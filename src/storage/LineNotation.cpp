@@ -209,10 +209,11 @@ LineReader::LineReader(QIODevice& device)
 
 bool LineReader::read(QString& value) {
     auto text = parseString(nextLine());
-    if (text) {
-        value = *std::move(text);
+    if (!text) {
+        return false;
     }
-    return text.has_value();
+    value = *std::move(text);
+    return true;
 }
 
 bool LineReader::read(DateValue& value) {
