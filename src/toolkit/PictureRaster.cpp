@@ -1,7 +1,6 @@
 #include "toolkit/PictureRaster.h"
 
 #include <algorithm>
-#include <span>
 
 namespace quor {
 
@@ -17,7 +16,7 @@ int part(int a, int b) {
 } // namespace
 
 std::optional<QImage> rasterPicture(QByteArrayView name, QSize size, QRgb line, int opacity) {
-    const std::span table(pictureRasters, static_cast<std::size_t>(pictureRasterCount));
+    const std::span table = pictureRasters();
     const auto raster = std::ranges::find_if(table, [&](const PictureRaster& entry) {
         return QSize(entry.size, entry.size) == size && entry.name == name;
     });

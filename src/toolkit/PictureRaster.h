@@ -5,6 +5,7 @@
 #include <QSize>
 
 #include <optional>
+#include <span>
 
 /// Pictures of the frame's toolbar as pixels, in the sizes that they have on most screens. They are
 /// made of the drawings while the program is built (RasterPictures.cpp): reading and drawing them
@@ -24,8 +25,7 @@ struct PictureRaster {
 };
 
 /// The generated table.
-extern const PictureRaster pictureRasters[];
-extern const int pictureRasterCount;
+[[nodiscard]] std::span<const PictureRaster> pictureRasters();
 
 /// @param name "Stampa"
 /// @param size in pixels

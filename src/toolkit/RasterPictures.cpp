@@ -8,6 +8,7 @@
 #include <QSvgRenderer>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -15,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The frame's toolbar on screens of one and of two pixels for one.
-constexpr int sizes[] = {24, 48};
+constexpr std::array sizes{24, 48};
 
 QImage drawn(QByteArray svg, int size, const char* line) {
     QSvgRenderer picture(svg.replace("currentColor", line));
@@ -37,9 +38,9 @@ QByteArray literal(const QByteArray& svg, int size) {
         for (int x = 0; x < size; ++x) {
             const QRgb pixel = reinterpret_cast<const QRgb*>(black.constScanLine(y))[x];
             const QRgb lit = reinterpret_cast<const QRgb*>(white.constScanLine(y))[x];
-            const int bytes[] = {qBlue(pixel), qGreen(pixel), qRed(pixel), qAlpha(pixel),
-                                 std::max(0, qGreen(lit) - qGreen(pixel))};
-            static_assert(std::size(bytes) == quor::rasterBytesPerPixel);
+            const std::array<int, quor::rasterBytesPerPixel> bytes{
+                qBlue(pixel), qGreen(pixel), qRed(pixel), qAlpha(pixel),
+                std::max(0, qGreen(lit) - qGreen(pixel))};
             for (const int byte : bytes) {
                 text += '\\' + QByteArray::number(byte, 8).rightJustified(3, '0');
             }
@@ -68,10 +69,10 @@ int main(int argc, char* argv[]) {
     }
     QFile out(argc > 1 ? QFile::decodeName(argv[1]) : QString());
     const QByteArray text = "// Made by quor-rasters.\n\n#include \"toolkit/PictureRaster.h\"\n\n"
-                            "namespace quor {\n\nconst PictureRaster pictureRasters[] = {\n" +
-                            table +
-                            "};\nconst int pictureRasterCount = sizeof(pictureRasters) / "
-                            "sizeof(pictureRasters[0]);\n\n} // namespace quor\n";
+                            "#include <array>\n\nnamespace quor {\n\n"
+                            "std::span<const PictureRaster> pictureRasters() {\n"
+                            "    static constexpr auto table = std::to_array<PictureRaster>({\n" +
+                            table + "    });\n    return table;\n}\n\n} // namespace quor\n";
     if (!out.open(QIODevice::WriteOnly) || out.write(text) != text.size() || !out.flush()) {
         std::fputs("usage: quor-rasters OUT.cpp FILE.svg...\n", stderr);
         return 1;
