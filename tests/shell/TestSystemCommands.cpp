@@ -493,7 +493,7 @@ void TestSystemCommands::aClosedSystemLeavesNothing() {
     Fixture fixture;
     fixture.frame.loadSystemFile(fixture.writeSystem({u"Anna"_s}, {2026, 11, 21}));
     Biorhythm& biorhythm = fixture.program.biorhythm;
-    QVERIFY(biorhythm.name.isEmpty()); // nobody was computed
+    QVERIFY(biorhythm.name.isEmpty()); // no person was computed
     biorhythm.calculationDate = toDateValue(QDate(2004, 3, 15));
     biorhythm.weeklyColours[0] = 1;
     biorhythm.openStatistics = true;

@@ -74,8 +74,8 @@ void TestNamedFile::faults_data() {
     QTest::newRow("no count") << u"a.brs"_s << QByteArray("tre\r\n")
                               << u"il file non si può leggere: %1 (alla riga 1 non c'è un numero "
                                  "di persone da 0 a 32767)"_s;
-    QTest::newRow("nobody") << u"a.bio"_s << QByteArray("\"\"\r\n#1899-12-30#\r\n")
-                            << u"il file non contiene nessuna persona: "_s;
+    QTest::newRow("no person") << u"a.bio"_s << QByteArray("\"\"\r\n#1899-12-30#\r\n")
+                               << u"il file non contiene nessuna persona: "_s;
     QTest::newRow("empty system") << u"a.brs"_s << QByteArray("0\r\n")
                                   << u"il sistema non contiene nessuna persona: "_s;
     QTest::newRow("system of nobodies")

@@ -47,7 +47,7 @@ void onTrap(int /*signal*/) {
     static constexpr std::string_view words = "quor-render: il motore si è interrotto\n";
     if (toldEnd < 0) {
         const ssize_t written = write(messagesDescriptor, words.data(), words.size());
-        static_cast<void>(written); // there is nobody else to tell
+        static_cast<void>(written); // no one else can be told
     }
     _exit(toldEnd < 0 ? pageFailed : static_cast<int>(toldEnd));
 }

@@ -19,7 +19,7 @@ namespace quor::qt {
 ///
 /// A tool is told of an end, asks about what has ended, and Qt answers and warns. Qt 6.4 warns only
 /// when it is built for its developers, Qt 6.8 and later always. It is the same with a message box
-/// of Qt alone (tests/qt-faults/atspi_lines.cpp). Whoever wants to read it sets QT_LOGGING_RULES.
+/// of Qt alone (tests/qt-faults/atspi_lines.cpp). QT_LOGGING_RULES shows it again.
 /// Test: each one of tests/e2e.
 void quietAssistiveBridge();
 
